@@ -1,0 +1,29 @@
+# What every target of this project is built with.
+
+# Own code is compiled as C++17, with hidden symbols, our warnings and the chosen sanitizers.
+function(tessera_configure_target target)
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    set_target_properties(${target} PROPERTIES
+        CXX_EXTENSIONS OFF
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON
+        POSITION_INDEPENDENT_CODE ON)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+    if(TESSERA_WARNINGS_AS_ERRORS)
+        target_compile_options(${target} PRIVATE -Werror)
+    endif()
+    if(TESSERA_SANITIZERS)
+        target_compile_options(${target} PRIVATE
+            -fsanitize=${TESSERA_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=${TESSERA_SANITIZERS})
+    endif()
+endfunction()
+
+# A library whose version and SONAME follow the project's.
+function(tessera_add_library target)
+    add_library(${target} ${ARGN})
+    tessera_configure_target(${target})
+    set_target_properties(${target} PROPERTIES
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR})
+endfunction()
