@@ -87,6 +87,16 @@ public:
         return following;
     }
 
+    /// Takes the first value off and returns it; there must be one. For taking a whole list apart
+    /// in order: all places are given up, and until the list is empty its values are reached by
+    /// iteration only. Linear the first time.
+    T takeFirst() noexcept {
+        m_slots->clear();
+        const T value = m_list->front();
+        m_list->pop_front();
+        return value;
+    }
+
     /// Erases all values. The room for their places is kept for those to come. Linear.
     void clear() noexcept {
         m_slots->clear();

@@ -108,6 +108,16 @@ public:
         return 1;
     }
 
+    /// Takes the first entry off and returns its value; there must be one. For taking a whole map
+    /// apart in order: all keys are given up, and until the map is empty its entries are reached by
+    /// iteration only. Linear the first time.
+    Value takeFirst() noexcept {
+        m_map->clear();
+        const Value value = m_list->front().second;
+        m_list->pop_front();
+        return value;
+    }
+
     /// Erases all entries. Linear.
     void clear() noexcept {
         m_map->clear();

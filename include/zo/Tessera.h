@@ -1,0 +1,17 @@
+#ifndef ZO_TESSERA_H
+#define ZO_TESSERA_H
+
+/// \file
+/// Everything that an application needs to build, read, change, compare and write JSON documents.
+
+#include <zo/Tessera/Array.h>
+#include <zo/Tessera/BasicNumber.h>
+#include <zo/Tessera/Element.h>
+#include <zo/Tessera/Exception.h>
+#include <zo/Tessera/Null.h>
+#include <zo/Tessera/Object.h>
+#include <zo/Tessera/Path.h>
+#include <zo/Tessera/PathGenerator.h>
+#include <zo/Tessera/TBasicElement.h>
+
+#endif

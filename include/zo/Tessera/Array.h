@@ -1,0 +1,84 @@
+#ifndef ZO_TESSERA_ARRAY_H
+#define ZO_TESSERA_ARRAY_H
+
+#include <cstddef>
+#include <iosfwd>
+#include <string>
+
+#include <zo/IndexList.h>
+#include <zo/Tessera/Element.h>
+
+namespace zo::Tessera {
+
+/// A JSON array: children in order, each reached by its place in constant time (`Element::at`).
+/// Owns its children and deletes them; a child's address stays while it is in the array.
+///
+/// Arrays order by length first, then by the first pair of children that differ.
+class ZO_TESSERA_EXPORT Array : public Element {
+public:
+    using iterator = IndexList<Element*>::iterator;
+    using const_iterator = IndexList<Element*>::const_iterator;
+
+    /// An empty array for callers to share.
+    static const Array k_empty;
+
+    /// Detached and empty.
+    Array();
+    /// Becomes the member `key` of the object `parent`, which owns it. Throws as the factories do.
+    Array(Element* parent, const std::string& key);
+    /// Becomes the last item of the array `parent`, which owns it. Throws as the factories do.
+    explicit Array(Element* parent);
+    /// Detached, with deep copies of the children, as `assign` makes them.
+    Array(const Array& other);
+    ~Array() override;
+
+    /// Replaces the children by deep copies of those of `other`, which may be this array or stand
+    /// inside it. Linear in both trees. The copies are owned but not attached: `parent()` of each
+    /// is null. If a copy fails, the array is left with those made so far. Where this array stands
+    /// inside `other`, its own copy holds what it has been given by then.
+    Array& assign(const Array& other);
+
+    /// Puts `child` last and takes it over: sets its parent and index, and an empty key.
+    /// `child` must not be held by a container already; that is not checked. A null child throws
+    /// `zo::Tessera::Exception` "Null pointer exception: child may not be null". After any
+    /// exception the array is as before and the child still the caller's. Amortised constant.
+    void push_back(Element* child);
+
+    /// The children, as `Element*`, in order. Replacing a pointer through an iterator bypasses
+    /// ownership: do not.
+    /// @{
+    iterator begin();
+    iterator end();
+    const_iterator begin() const;
+    const_iterator end() const;
+    /// @}
+
+    Array* clone() const override;
+    EType type() const override;
+    size_t size() const override;
+    using Element::getArrayValue;
+    Array& getArrayValue() override;
+    int compare(const Array& other) const;
+    int compare(const Element& other) const override;
+    /// Writes the children's addresses, each followed by a comma, between "[ " and " ]".
+    /// @{
+    std::ostream& writeTo(std::ostream& out) const override;
+    std::wostream& writeTo(std::wostream& out) const override;
+    /// @}
+    std::istream& readFrom(std::istream& in) override;
+    std::wistream& readFrom(std::wistream& in) override;
+
+private:
+    friend class Element;
+    friend class TreeCopier;
+    friend class TreeDestroyer;
+
+    Array(IndexList<Element*>&& prepared, Element* parent, const std::string& key);
+    Array(IndexList<Element*>&& prepared, Element* parent);
+
+    IndexList<Element*> m_elements;  // the children are owned
+};
+
+}  // namespace zo::Tessera
+
+#endif

@@ -1,0 +1,292 @@
+#ifndef ZO_TESSERA_ELEMENT_H
+#define ZO_TESSERA_ELEMENT_H
+
+#include <cstddef>
+#include <iosfwd>
+#include <memory>
+#include <string>
+
+#include <zo/Tessera/BasicNumber.h>
+#include <zo/Tessera/export.h>
+
+namespace zo::Tessera {
+
+class Array;
+class Object;
+template <class T>
+class ZO_TESSERA_EXPORT TBasicElement;
+
+static_assert(sizeof(long) == 8, "indexes and numbers rely on a long of 64 bits");
+
+/// The kind of an element. Elements of different kinds are ordered by these values.
+enum ZO_TESSERA_EXPORT EType : int {
+    etEmpty = -1,  ///< no element, or not yet known
+    etNull = 0,
+    etBoolean = 1,
+    etNumber = 2,
+    etString = 3,
+    etObject = 4,
+    etArray = 5
+};
+
+/// Writes the enumerator's name, such as "etObject", and ">>INVALID<<" for any other value.
+/// @{
+ZO_TESSERA_EXPORT std::ostream& operator<<(std::ostream& out, EType type);
+ZO_TESSERA_EXPORT std::wostream& operator<<(std::wostream& out, EType type);
+/// @}
+
+/// Any value of a JSON document: the base of `Null`, `TBasicElement<bool>`,
+/// `TBasicElement<BasicNumber>`, `TBasicElement<std::string>`, `Object` and `Array`.
+///
+/// An element knows its place: the container that holds it, and its key or its index there. The
+/// containers keep these three; a container owns its children and deletes them, so never delete an
+/// attached element. An element that nobody holds (a root, a clone, what the free factories return)
+/// has no parent, an empty key and the index `Path::k_noIndex`.
+///
+/// Only two operations attach: `Object::insert` of a new key and `Array::push_back`. The children
+/// of a copied or assigned container are owned but not attached: their `parent()` is null and their
+/// paths begin at themselves. What replaces a member keeps the place that it came with.
+///
+/// Every access by the wrong kind throws `TypeException<EType>`, which names both kinds and the
+/// element's path; the element is then unchanged. Nothing converts between kinds.
+///
+/// Elements have no locks, and even reading a number fills its caches: a tree that several threads
+/// share needs outside locking.
+class ZO_TESSERA_EXPORT Element {
+public:
+    virtual ~Element();
+    /// `realAssign` and the setters copy values, and leave an element its place.
+    Element& operator=(const Element&) = delete;
+
+    /// A deep copy, detached wherever the source stands; the caller owns it. Linear in the tree.
+    virtual Element* clone() const = 0;
+    virtual EType type() const = 0;
+    /// The number of children; 1 for a boolean, a number or a string, 0 for null.
+    virtual size_t size() const = 0;
+
+    /// \name The element as its own kind
+    /// The element itself, under its concrete class. Another kind throws `TypeException<EType>`.
+    /// The requested kind that the exception names is not always the one asked for: callers match
+    /// on the texts, so these stay. A boolean or a number asked for its string names `etNumber`, a
+    /// boolean or a string asked for its number names `etBoolean`, and a null or an object asked
+    /// for its array names `etObject`. The found kind is always right.
+    /// A const form calls the other one: a class overrides only the form without const.
+    /// @{
+    virtual TBasicElement<bool>& getBooleanValue();
+    virtual const TBasicElement<bool>& getBooleanValue() const;
+    virtual TBasicElement<BasicNumber>& getNumberValue();
+    virtual const TBasicElement<BasicNumber>& getNumberValue() const;
+    virtual TBasicElement<std::string>& getStringValue();
+    virtual const TBasicElement<std::string>& getStringValue() const;
+    virtual Object& getObjectValue();
+    virtual const Object& getObjectValue() const;
+    virtual Array& getArrayValue();
+    virtual const Array& getArrayValue() const;
+    /// @}
+
+    /// \name Setting the value
+    /// Copies the value into this element, which must be of that kind: otherwise the getter's
+    /// `TypeException<EType>` is thrown and nothing changes. The source may be this element, or
+    /// stand inside it. Setting an object or an array is `Object::assign` or `Array::assign`: deep,
+    /// and the copied children are owned but not attached.
+    /// @{
+    virtual void setBooleanValue(const TBasicElement<bool>& value);
+    virtual void setBooleanValue(bool value);
+    virtual void setNumberValue(const TBasicElement<BasicNumber>& value);
+    virtual void setNumberValue(const BasicNumber& value);
+    virtual void setStringValue(const TBasicElement<std::string>& value);
+    virtual void setStringValue(const std::string& value);
+    virtual void setObjectValue(const Object& value);
+    virtual void setArrayValue(const Array& value);
+    /// @}
+
+    /// -1, 0 or 1: a total order of elements. Different kinds order as `EType` does; within a kind
+    /// the concrete class decides. Beware: objects compare by their members' values alone, in
+    /// order; keys are not looked at.
+    virtual int compare(const Element& other) const;
+
+    /// Writes a plain diagnostic form, which is not JSON: strings are neither quoted nor escaped,
+    /// and an array shows the addresses of its children. For JSON text use `Generator` or a `Dom`.
+    /// @{
+    virtual std::ostream& writeTo(std::ostream& out) const = 0;
+    virtual std::wostream& writeTo(std::wostream& out) const = 0;
+    /// @}
+
+    /// Always throws `zo::Tessera::Exception`, and leaves the stream untouched: text is read with
+    /// `operator>>` into a `Dom`, or with `DomParser`.
+    /// @{
+    virtual std::istream& readFrom(std::istream& in) = 0;
+    virtual std::wistream& readFrom(std::wistream& in) = 0;
+    /// @}
+
+    /// The name of the kind, such as "etObject".
+    std::string typeName() const;
+
+    /// Copies `other`'s value into this element by the setter of `other`'s kind, and returns this
+    /// element. An `other` that is null changes nothing, whatever this element is.
+    Element& realAssign(const Element& other);
+
+    /// \name Place in the tree
+    /// @{
+
+    /// The container that holds this element, not owned; null for a root or a detached element.
+    Element* parent();
+    const Element* parent() const;
+    /// The stored position in an array, `Path::k_noIndex` when not attached to one.
+    size_t index() const;
+    /// The name within the parent: the member name in an object, "[2]" in an array, empty without
+    /// a parent, and empty for a member that a factory made in place of another. A member name is
+    /// given as it is, not escaped as in a path.
+    std::string key() const;
+    /// The top of the tree: this element itself when it has no parent. Linear in the depth.
+    Element& root();
+    const Element& root() const;
+    /// The path text from below `ancestor` to this element, such as `a.list[3]`; null stands for
+    /// the top of the tree. `ancestor` should be a strict one: given this very element or a
+    /// stranger, the path starts at the top. Linear in the depth.
+    std::string path(const Element* ancestor) const;
+    std::ostream& path(std::ostream& out, const Element* ancestor) const;
+    /// The same place in the document's schema, such as
+    /// `meta.schema.properties.a.properties.list.items`.
+    std::string schemaPath(const Element* ancestor) const;
+    std::ostream& schemaPath(std::ostream& out, const Element* ancestor) const;
+    /// @}
+
+    /// \name Making elements
+    /// Each kind can be made detached (the caller owns the result), as the member `key` of the
+    /// object `parent`, or as the last item of the array `parent` (the parent owns the result).
+    /// A null parent throws `zo::Tessera::Exception` "Null pointer exception: parent may not be
+    /// null", one of another kind its getter's `TypeException<EType>`. After any exception the
+    /// parent is as before. A member that exists under `key` is deleted and replaced in its place;
+    /// the new element then has `parent` as its parent but an empty key, which paths show. Where
+    /// the kind stays, a setter changes the value and keeps the place.
+    /// @{
+    static Element* createNull();
+    static Element* createNull(Element* parent, const std::string& key);
+    static Element* createNull(Element* parent);
+    static Element* createBoolean(bool value);
+    static Element* createBoolean(bool value, Element* parent, const std::string& key);
+    static Element* createBoolean(bool value, Element* parent);
+    static Element* createNumber(const BasicNumber& value);
+    static Element* createNumber(const BasicNumber& value, Element* parent, const std::string& key);
+    static Element* createNumber(const BasicNumber& value, Element* parent);
+    static Element* createString(const std::string& value);
+    static Element* createString(const std::string& value, Element* parent, const std::string& key);
+    static Element* createString(const std::string& value, Element* parent);
+    static Element* createObject();
+    static Element* createObject(Element* parent, const std::string& key);
+    static Element* createObject(Element* parent);
+    static Element* createArray();
+    static Element* createArray(Element* parent, const std::string& key);
+    static Element* createArray(Element* parent);
+    /// The default value of the kind: false, 0, an empty text or container; null for `etNull`,
+    /// `etEmpty` and any value that is no kind.
+    static Element* create(EType type);
+    static Element* create(EType type, Element* parent, const std::string& key);
+    static Element* create(EType type, Element* parent);
+    /// @}
+
+    /// \name Reading a scalar as a plain type
+    /// Another kind throws `TypeException<EType>`; a number that does not fit throws
+    /// `ValueOutOfRange<BasicNumber, T>`. References live as long as the element.
+    ///
+    /// Beware: `double` and `float` refuse zero and every negative number (see
+    /// `BasicNumber::toDouble`), and convert const elements only: `double d = std::as_const(e)`.
+    /// To assign to a string that exists, write `s = e.getStringValue().value()`.
+    /// @{
+    operator bool();
+    operator bool() const;
+    operator BasicNumber&();
+    operator const BasicNumber&() const;
+    operator std::string&();
+    operator const std::string&() const;
+    operator char();
+    operator char() const;
+    operator unsigned char();
+    operator unsigned char() const;
+    operator short();
+    operator short() const;
+    operator unsigned short();
+    operator unsigned short() const;
+    operator int();
+    operator int() const;
+    operator unsigned int();
+    operator unsigned int() const;
+    operator long();
+    operator long() const;
+    operator unsigned long();
+    operator unsigned long() const;
+    operator long long();
+    operator long long() const;
+    operator unsigned long long();
+    operator unsigned long long() const;
+    operator double() const;
+    operator float() const;
+    /// @}
+
+    /// \name Reaching children
+    /// References live until the child is deleted, wherever its container goes.
+    /// @{
+
+    /// The i-th item of an array, in constant time. `i` must be below `size()`: not checked in
+    /// release builds. Another kind throws `TypeException<EType>`.
+    Element& at(unsigned long i);
+    const Element& at(unsigned long i) const;
+    /// The member `key` of an object. A missing key throws `zo::Tessera::Exception` "Object does
+    /// not contain "key"". Another kind throws `TypeException<EType>`.
+    Element& at(const std::string& key);
+    /// The same without the check: the key must exist. For one that may not, use `Object::find`.
+    const Element& at(const std::string& key) const;
+    /// @}
+
+protected:
+    /// Detached.
+    Element();
+    /// Detached, whatever the place of the source.
+    Element(const Element&);
+    /// Attaches to the object `parent` as its member `key`, as `Object::insert` does.
+    /// A class that uses this must not fail once it has: its parent would keep what is gone. It
+    /// prepares what can fail beforehand, as arguments of its own constructor.
+    Element(Element* parent, const std::string& key);
+    /// Attaches to the array `parent` as its last item, as `Array::push_back` does. As above.
+    explicit Element(Element* parent);
+
+private:
+    friend class Array;
+    friend class Object;
+    friend class TreeDestroyer;
+
+    Element* m_parent;  // not owned
+    std::string m_key;
+    size_t m_index;
+};
+
+/// \name Making detached elements
+/// Each returns a new element without a parent, owned by the caller. Texts are UTF-8 by custom, and
+/// their bytes are kept as they are.
+/// @{
+ZO_TESSERA_EXPORT std::unique_ptr<Element> value();  ///< null
+ZO_TESSERA_EXPORT std::unique_ptr<Element> value(bool boolean);
+ZO_TESSERA_EXPORT std::unique_ptr<Element> value(const BasicNumber& number);
+ZO_TESSERA_EXPORT std::unique_ptr<Element> value(int number);
+ZO_TESSERA_EXPORT std::unique_ptr<Element> value(unsigned int number);
+ZO_TESSERA_EXPORT std::unique_ptr<Element> value(long number);
+ZO_TESSERA_EXPORT std::unique_ptr<Element> value(unsigned long number);
+ZO_TESSERA_EXPORT std::unique_ptr<Element> value(long long number);
+ZO_TESSERA_EXPORT std::unique_ptr<Element> value(unsigned long long number);
+/// Written with 6 significant digits only; for more, set a `BasicNumber` from text.
+ZO_TESSERA_EXPORT std::unique_ptr<Element> value(double number);
+ZO_TESSERA_EXPORT std::unique_ptr<Element> value(const std::string& text);
+/// The text up to its terminating zero. A null pointer throws `zo::Tessera::Exception` "Null
+/// pointer exception: text may not be null".
+ZO_TESSERA_EXPORT std::unique_ptr<Element> value(const char* text);
+/// Any other pointer would be taken for a boolean.
+template <class T>
+std::unique_ptr<Element> value(const T* pointer) = delete;
+ZO_TESSERA_EXPORT std::unique_ptr<Element> object();
+ZO_TESSERA_EXPORT std::unique_ptr<Element> array();
+/// @}
+
+}  // namespace zo::Tessera
+
+#endif

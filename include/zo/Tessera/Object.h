@@ -1,0 +1,115 @@
+#ifndef ZO_TESSERA_OBJECT_H
+#define ZO_TESSERA_OBJECT_H
+
+#include <cstddef>
+#include <functional>
+#include <iosfwd>
+#include <string>
+#include <utility>
+
+#include <zo/ListMap.h>
+#include <zo/Tessera/Element.h>
+
+namespace zo::Tessera {
+
+/// A JSON object: members in the order in which their keys were first inserted, found by key in
+/// logarithmic time. Owns its members and deletes them; a member's address stays until it is
+/// replaced. Keys are unique, compared byte by byte.
+///
+/// Objects order by the number of members first, then by the first pair of values that differ, in
+/// insertion order. Beware: keys are not compared, so {"a":1} equals {"b":1}, and {"a":1,"b":2}
+/// does not equal {"b":2,"a":1}. Where keys matter, compare them while iterating.
+class ZO_TESSERA_EXPORT Object : public Element {
+public:
+    using Members = ListMap<std::string, Element*, std::less<std::string>>;
+    using iterator = Members::iterator;
+    using const_iterator = Members::const_iterator;
+
+    /// An empty object for callers to share.
+    static const Object k_empty;
+
+    /// Detached and empty.
+    Object();
+    /// Becomes the member `key` of the object `parent`, which owns it. Throws as the factories do.
+    Object(Element* parent, const std::string& key);
+    /// Becomes the last item of the array `parent`, which owns it. Throws as the factories do.
+    explicit Object(Element* parent);
+    /// Detached, with deep copies of the members, as `assign` makes them.
+    Object(const Object& other);
+    ~Object() override;
+
+    /// Replaces the members by deep copies of those of `other`, which may be this object or stand
+    /// inside it. Linear in both trees. The copies are owned but not attached: `parent()` of each
+    /// is null and `key()` empty, while the object still finds them by key. If a copy fails, the
+    /// object is left with those made so far. Where this object stands inside `other`, its own copy
+    /// holds what it has been given by then.
+    Object& assign(const Object& other);
+
+    /// Deletes all members, in insertion order. Allocates nothing.
+    void clear();
+
+    /// Stores `value` under `key` and takes it over. Returns the member and whether the key is new.
+    ///
+    /// A new key goes last, and `value` is attached: its parent and key are set. A key that exists
+    /// keeps its place; the old value is deleted, and `value` is stored as it is, not attached: its
+    /// parent and key stay what they were. Where the kind stays, a setter of the old value keeps
+    /// its place.
+    ///
+    /// `value` must not be held by a container already; that is not checked. The very element that
+    /// is stored under `key` changes nothing. A null value throws `zo::Tessera::Exception` "Null
+    /// pointer exception: child may not be null". After any exception the object is as before and
+    /// the value still the caller's. Logarithmic, and linear in what is deleted.
+    std::pair<iterator, bool> insert(const std::string& key, Element* value);
+
+    using Element::at;
+    /// The member `key`; a missing one throws `zo::Tessera::Exception` "Object does not contain
+    /// "key"". Logarithmic.
+    /// @{
+    Element& at(const std::string& key);
+    const Element& at(const std::string& key) const;
+    /// @}
+
+    /// The member `key` as a pair of key and `Element*`, or `end()`. Logarithmic.
+    /// @{
+    iterator find(const std::string& key);
+    const_iterator find(const std::string& key) const;
+    /// @}
+
+    /// The members, as pairs of key and `Element*`, in insertion order. Replacing a pointer through
+    /// an iterator bypasses ownership: use `insert`.
+    /// @{
+    iterator begin();
+    iterator end();
+    const_iterator begin() const;
+    const_iterator end() const;
+    /// @}
+
+    Object* clone() const override;
+    EType type() const override;
+    size_t size() const override;
+    using Element::getObjectValue;
+    Object& getObjectValue() override;
+    int compare(const Object& other) const;
+    int compare(const Element& other) const override;
+    /// Writes each member as its raw key, " : ", its value's `writeTo` and a comma, between "{ "
+    /// and " }".
+    /// @{
+    std::ostream& writeTo(std::ostream& out) const override;
+    std::wostream& writeTo(std::wostream& out) const override;
+    /// @}
+    std::istream& readFrom(std::istream& in) override;
+    std::wistream& readFrom(std::wistream& in) override;
+
+private:
+    friend class TreeCopier;
+    friend class TreeDestroyer;
+
+    Object(Members&& prepared, Element* parent, const std::string& key);
+    Object(Members&& prepared, Element* parent);
+
+    Members m_elements;  // the values are owned
+};
+
+}  // namespace zo::Tessera
+
+#endif

@@ -1,0 +1,50 @@
+#ifndef ZO_TESSERA_PATHGENERATOR_H
+#define ZO_TESSERA_PATHGENERATOR_H
+
+#include <iosfwd>
+#include <string>
+
+#include <zo/StringRef.h>
+#include <zo/Tessera/export.h>
+
+namespace zo::Tessera {
+
+/// Writes a path text segment by segment, with a backslash before each character of a key that has
+/// a meaning in paths. An empty key writes nothing but its ".", and such a path does not read back.
+class ZO_TESSERA_EXPORT PathGenerator {
+public:
+    /// The kind of the segment written last.
+    enum EState : int {
+        esInit = 0,    ///< nothing written yet
+        esObject = 1,  ///< a key
+        esArray = 2,   ///< an index
+        esError = 3    ///< never entered
+    };
+
+    /// Writes to `out`, which must outlive the generator.
+    explicit PathGenerator(std::ostream& out);
+
+    /// Writes one key, after a "." unless it comes first.
+    /// @{
+    void genObjectProperty(const std::string& name);
+    void genObjectProperty(const zo::StringRef<char>& name);
+    /// @}
+
+    /// Writes one index in brackets, in the number base set on the stream but never grouped by its
+    /// locale; `Path::k_noIndex` is written as "*".
+    void genListItem(unsigned long index);
+
+private:
+    std::ostream& m_out;
+    EState m_state = esInit;
+};
+
+/// Writes the enumerator's name, such as "esObject", and ">>INVALID<<" for any other value.
+/// @{
+ZO_TESSERA_EXPORT std::ostream& operator<<(std::ostream& out, PathGenerator::EState state);
+ZO_TESSERA_EXPORT std::wostream& operator<<(std::wostream& out, PathGenerator::EState state);
+/// @}
+
+}  // namespace zo::Tessera
+
+#endif

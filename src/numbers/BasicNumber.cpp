@@ -1,0 +1,302 @@
+#include <zo/Tessera/BasicNumber.h>
+
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <sstream>
+#include <utility>
+
+#include <zo/DecNumber.h>
+#include <zo/Tessera/Exception.h>
+#include <zo/convert.h>
+
+#include "support/asciiText.h"
+#include "support/classicLocale.h"
+
+namespace zo::Tessera {
+
+namespace {
+
+// Any text that is shorter fits into 64 bits.
+constexpr size_t k_longLongTextLimit = 19;
+constexpr size_t k_uLongLongTextLimit = 20;
+
+Ascii binaryTypeName(BasicNumber::EBinaryType type) {
+    static constexpr std::string_view names[] = {"ebNone", "ebLongLong", "ebULongLong", "ebDouble",
+                                                 "ebBigDecimal"};
+    return enumName(names, type, ">>Unknown<<");
+}
+
+BasicNumber::EBinaryType classify(const std::string& text) {
+    if (text.find_first_of(".eE") != std::string::npos) {
+        return BasicNumber::ebDouble;
+    }
+    return !text.empty() && text.front() == '-' ? BasicNumber::ebLongLong
+                                                : BasicNumber::ebULongLong;
+}
+
+/// What formatted extraction from `text` leaves in `target`. A stream is only made for what is not
+/// plain digits: leading blanks, a plus sign, trailing letters, nothing at all.
+template <class Integer>
+void extractInteger(const std::string& text, Integer& target) {
+    Integer value = 0;
+    const char* const end = text.data() + text.size();
+    const std::from_chars_result result = std::from_chars(text.data(), end, value);
+    if (result.ec == std::errc() && result.ptr == end) {
+        target = value;
+        return;
+    }
+    std::istringstream stream(text);
+    stream.imbue(std::locale::classic());
+    stream >> target;
+}
+
+double convertDouble(const std::string& text) {
+    return strtod_l(text.c_str(), nullptr, classicCLocale());
+}
+
+template <class Value, class... Format>
+std::string formatted(Value value, Format... format) {
+    char buffer[32];
+    const std::to_chars_result result =
+        std::to_chars(std::begin(buffer), std::end(buffer), value, format...);
+    return std::string(buffer, result.ptr);
+}
+
+/// As an output stream writes it by default.
+std::string formattedDouble(double value) {
+    constexpr int defaultPrecision = 6;
+    return formatted(value, std::chars_format::general, defaultPrecision);
+}
+
+template <class Char>
+const Char* checkedText(const Char* text) {
+    if (!text) {
+        throw Exception("Null pointer exception: text may not be null");
+    }
+    return text;
+}
+
+}  // namespace
+
+// Before the numbers of an application that links the library statically.
+[[gnu::init_priority(101)]] const BasicNumber::Limits BasicNumber::k_limits{};
+
+BasicNumber::BasicNumber() = default;
+
+BasicNumber& BasicNumber::operator=(const BasicNumber& other) {
+    m_text = other.m_text;  // first, for it alone can fail
+    m_binaryType = other.m_binaryType;
+    m_binary = other.m_binary;
+    return *this;
+}
+
+void BasicNumber::set(const std::string& text) {
+    setText(std::string(text));
+}
+
+void BasicNumber::set(const char* text) {
+    setText(checkedText(text));
+}
+
+void BasicNumber::set(const char* text, unsigned long length) {
+    setText(length == 0 ? std::string() : std::string(checkedText(text), length));
+}
+
+void BasicNumber::set(const std::wstring& text) {
+    setText(convert(text));
+}
+
+void BasicNumber::set(const wchar_t* text) {
+    setText(convert(checkedText(text)));
+}
+
+void BasicNumber::set(const wchar_t* text, unsigned long length) {
+    setText(length == 0 ? std::string() : convert(std::wstring(checkedText(text), length)));
+}
+
+void BasicNumber::set(const zo::DecNumber& value) {
+    std::ostringstream text = classicStream();
+    value.writeTo(text);
+    setText(text.str());
+}
+
+void BasicNumber::set(const BasicNumber& other) {
+    *this = other;
+}
+
+void BasicNumber::set(char value) {
+    // Signed on every platform.
+    set(static_cast<long long>(static_cast<signed char>(value)));
+}
+
+void BasicNumber::set(short value) {
+    set(static_cast<long long>(value));
+}
+
+void BasicNumber::set(int value) {
+    set(static_cast<long long>(value));
+}
+
+void BasicNumber::set(long value) {
+    set(static_cast<long long>(value));
+}
+
+void BasicNumber::set(long long value) {
+    m_binary.asLongLong = value;
+    becomeBinary(ebLongLong);
+}
+
+void BasicNumber::set(unsigned char value) {
+    set(static_cast<unsigned long long>(value));
+}
+
+void BasicNumber::set(unsigned short value) {
+    set(static_cast<unsigned long long>(value));
+}
+
+void BasicNumber::set(unsigned int value) {
+    set(static_cast<unsigned long long>(value));
+}
+
+void BasicNumber::set(unsigned long value) {
+    set(static_cast<unsigned long long>(value));
+}
+
+void BasicNumber::set(unsigned long long value) {
+    m_binary.asULongLong = value;
+    becomeBinary(ebULongLong);
+}
+
+void BasicNumber::set(float value) {
+    set(static_cast<double>(value));
+}
+
+void BasicNumber::set(double value) {
+    m_binary.asDouble = value;
+    becomeBinary(ebDouble);
+}
+
+BasicNumber::EBinaryType BasicNumber::type() const {
+    if (m_binaryType == ebNone) {
+        syncToBinary();
+    }
+    return m_binaryType;
+}
+
+const std::string& BasicNumber::toString() const {
+    if (m_text.empty()) {
+        syncToString();
+    }
+    return m_text;
+}
+
+std::wstring BasicNumber::toWString() const {
+    return wconvert(toString());
+}
+
+std::ostream& BasicNumber::writeAt(std::ostream& out) const {
+    return out << toString();
+}
+
+std::wostream& BasicNumber::writeAt(std::wostream& out) const {
+    return out << toWString();
+}
+
+zo::DecNumber BasicNumber::toDecNumber() const {
+    switch (type()) {
+        case ebLongLong:
+            return zo::DecNumber(m_binary.asLongLong);
+        case ebULongLong:
+            return zo::DecNumber(m_binary.asULongLong);
+        case ebDouble:
+            return zo::DecNumber(m_binary.asDouble);
+        case ebBigDecimal:
+            return zo::DecNumber(m_text);
+        default:
+            throw zo::RuntimeError("Unknown type, implementation missing");
+    }
+}
+
+void BasicNumber::setText(std::string&& text) {
+    // The binary value stays: it is what a text that gives none is read as.
+    m_text = std::move(text);
+    m_binaryType = ebNone;
+}
+
+void BasicNumber::becomeBinary(EBinaryType type) {
+    m_binaryType = type;
+    m_text.clear();
+}
+
+void BasicNumber::syncToBinary() const {
+    const EBinaryType type = classify(m_text);
+    switch (type) {
+        case ebLongLong:
+            if (m_text.size() >= k_longLongTextLimit) {
+                requireInRange(type, k_limits.minLongLong, k_limits.maxLongLong);
+            }
+            extractInteger(m_text, m_binary.asLongLong);
+            break;
+        case ebULongLong:
+            if (m_text.size() >= k_uLongLongTextLimit) {
+                requireInRange(type, k_limits.minULongLong, k_limits.maxULongLong);
+            }
+            extractInteger(m_text, m_binary.asULongLong);
+            break;
+        default: {
+            const double value = convertDouble(m_text);
+            if (std::isinf(value)) {
+                refuse(type, k_limits.minDouble, k_limits.maxDouble);
+            }
+            m_binary.asDouble = value;
+        }
+    }
+    m_binaryType = type;
+}
+
+void BasicNumber::requireInRange(EBinaryType type, const std::string& min,
+                                 const std::string& max) const {
+    if (m_text > max || m_text < min) {
+        // Callers match on the signed bounds, for an unsigned text too.
+        refuse(type, k_limits.minLongLong, k_limits.maxLongLong);
+    }
+}
+
+void BasicNumber::refuse(EBinaryType type, const std::string& min, const std::string& max) const {
+    try {
+        throw ValueOutOfRange<std::string, std::string>(m_text, min, max);
+    } catch (const Exception&) {
+        // Later readers use the binary value as it stands, without raising again. If there was no
+        // memory for the exception, they try anew.
+        m_binaryType = type;
+        throw;
+    }
+}
+
+void BasicNumber::syncToString() const {
+    switch (m_binaryType) {
+        case ebLongLong:
+            m_text = formatted(m_binary.asLongLong);
+            break;
+        case ebULongLong:
+            m_text = formatted(m_binary.asULongLong);
+            break;
+        case ebDouble:
+            m_text = formattedDouble(m_binary.asDouble);
+            break;
+        case ebNone:
+        case ebBigDecimal:
+            break;
+    }
+}
+
+std::ostream& operator<<(std::ostream& out, const BasicNumber::EBinaryType& type) {
+    return out << binaryTypeName(type);
+}
+
+std::wostream& operator<<(std::wostream& out, const BasicNumber::EBinaryType& type) {
+    return out << binaryTypeName(type);
+}
+
+}  // namespace zo::Tessera

@@ -1,0 +1,225 @@
+#include <zo/Tessera/Exception.h>
+
+#include <sstream>
+#include <utility>
+
+#include "support/classicLocale.h"
+
+namespace zo::Tessera {
+
+namespace {
+
+using PathText = std::unique_ptr<const std::string>;
+
+PathText pathOf(const Element* element) {
+    return PathText(element ? new std::string(element->path(nullptr)) : nullptr);
+}
+
+PathText copyOf(const PathText& path) {
+    return PathText(path ? new std::string(*path) : nullptr);
+}
+
+std::ostream& operator<<(std::ostream& out, const BasicNumber& number) {
+    return number.writeAt(out);
+}
+
+}  // namespace
+
+Exception::Exception(const zo::Exception* cause) : zo::Exception(std::string(), cause) {}
+
+Exception::Exception(const std::string& message, const zo::Exception* cause)
+    : zo::Exception(message, cause) {}
+
+Exception::Exception(const Element* element, const zo::Exception* cause)
+    : Exception(std::string(), element, cause) {}
+
+Exception::Exception(const std::string& message, const Element* element, const zo::Exception* cause)
+    : zo::Exception(message, cause), m_elementPath(pathOf(element)) {}
+
+Exception::Exception(std::nullptr_t) : zo::Exception(std::string()) {}
+
+Exception::Exception(const std::string& message, std::nullptr_t) : zo::Exception(message) {}
+
+Exception::Exception(const Element* element, std::nullptr_t)
+    : Exception(std::string(), element, nullptr) {}
+
+Exception::Exception(const Exception& other)
+    : zo::Exception(other), m_elementPath(copyOf(other.m_elementPath)) {}
+
+Exception& Exception::operator=(const Exception& other) {
+    if (this != &other) {
+        PathText path = copyOf(other.m_elementPath);
+        zo::Exception::operator=(other);
+        m_elementPath = std::move(path);
+    }
+    return *this;
+}
+
+Exception::~Exception() = default;
+
+Exception* Exception::clone() const {
+    return new Exception(*this);
+}
+
+const std::string* Exception::elementPath() const {
+    return m_elementPath.get();
+}
+
+template <class Kind>
+TypeException<Kind>::TypeException(const Element* element, Kind requested, Kind found)
+    : Exception(element, nullptr), m_requested(requested), m_found(found) {}
+
+template <class Kind>
+TypeException<Kind>::~TypeException() = default;
+
+template <class Kind>
+void TypeException<Kind>::generateWhat(std::string& out) const {
+    std::ostringstream text = classicStream();
+    text << "Json type mismatch! Requestet Json type: " << m_requested
+         << " Got Json type: " << m_found;
+    if (elementPath()) {
+        text << " Current element: \"" << *elementPath() << '"';
+    }
+    out = text.str();
+}
+
+template <class Kind>
+TypeException<Kind>* TypeException<Kind>::clone() const {
+    return new TypeException(*this);
+}
+
+template <class Kind>
+Kind TypeException<Kind>::requested() const {
+    return m_requested;
+}
+
+template <class Kind>
+Kind TypeException<Kind>::found() const {
+    return m_found;
+}
+
+template class TypeException<EType>;
+
+ParseException::ParseException(const std::string& message, int line, int column, int endLine,
+                               int endColumn, const zo::Exception* cause)
+    : ParseException(nullptr, message, line, column, endLine, endColumn, cause) {}
+
+ParseException::ParseException(const Element* element, const std::string& message, int line,
+                               int column, int endLine, int endColumn, const zo::Exception* cause)
+    : Exception(element, cause),
+      m_message(message),
+      m_line(line),
+      m_column(column),
+      m_endLine(endLine),
+      m_endColumn(endColumn) {}
+
+ParseException::~ParseException() = default;
+
+void ParseException::init(const std::string& message, int line, int column, int endLine,
+                          int endColumn) {
+    m_message = message;
+    m_line = line;
+    m_column = column;
+    m_endLine = endLine;
+    m_endColumn = endColumn;
+}
+
+void ParseException::generateWhat(std::string& out) const {
+    std::ostringstream text = classicStream();
+    if (m_line != -1) {
+        text << "Parse error at " << m_line;
+        if (m_column != -1) {
+            text << ',' << m_column;
+        }
+        if (m_endLine != -1) {
+            text << '-';
+        }
+    }
+    if (m_endLine != -1) {
+        text << m_endLine;
+        if (m_endColumn != -1) {
+            text << ',' << m_endColumn;
+        }
+    }
+    text << m_message;
+    if (elementPath()) {
+        // The address, not the text: callers match on the form.
+        text << " Current element: \"" << static_cast<const void*>(elementPath()) << '"';
+    }
+    out = text.str();
+}
+
+ParseException* ParseException::clone() const {
+    return new ParseException(*this);
+}
+
+const std::string& ParseException::message() const {
+    return m_message;
+}
+
+int ParseException::line() const {
+    return m_line;
+}
+
+int ParseException::column() const {
+    return m_column;
+}
+
+int ParseException::endLine() const {
+    return m_endLine;
+}
+
+int ParseException::endColumn() const {
+    return m_endColumn;
+}
+
+template <class From, class To>
+ValueOutOfRange<From, To>::ValueOutOfRange(const From& value, const To& min, const To& max,
+                                           const zo::Exception* cause)
+    : Exception(cause), m_value(value), m_min(min), m_max(max) {}
+
+template <class From, class To>
+ValueOutOfRange<From, To>::~ValueOutOfRange() = default;
+
+template <class From, class To>
+void ValueOutOfRange<From, To>::generateWhat(std::string& out) const {
+    std::ostringstream text = classicStream();
+    text << "Value out of range! Value: " << m_value << " Min: " << m_min << " Max: " << m_max;
+    out = text.str();
+}
+
+template <class From, class To>
+ValueOutOfRange<From, To>* ValueOutOfRange<From, To>::clone() const {
+    return new ValueOutOfRange(*this);
+}
+
+template <class From, class To>
+const From& ValueOutOfRange<From, To>::value() const {
+    return m_value;
+}
+
+template <class From, class To>
+const To& ValueOutOfRange<From, To>::min() const {
+    return m_min;
+}
+
+template <class From, class To>
+const To& ValueOutOfRange<From, To>::max() const {
+    return m_max;
+}
+
+template class ValueOutOfRange<std::string, std::string>;
+template class ValueOutOfRange<BasicNumber, char>;
+template class ValueOutOfRange<BasicNumber, unsigned char>;
+template class ValueOutOfRange<BasicNumber, short>;
+template class ValueOutOfRange<BasicNumber, unsigned short>;
+template class ValueOutOfRange<BasicNumber, int>;
+template class ValueOutOfRange<BasicNumber, unsigned int>;
+template class ValueOutOfRange<BasicNumber, long>;
+template class ValueOutOfRange<BasicNumber, unsigned long>;
+template class ValueOutOfRange<BasicNumber, long long>;
+template class ValueOutOfRange<BasicNumber, unsigned long long>;
+template class ValueOutOfRange<BasicNumber, float>;
+template class ValueOutOfRange<BasicNumber, double>;
+
+}  // namespace zo::Tessera

@@ -1,0 +1,59 @@
+#include "support/HostileLocale.h"
+
+#include <unistd.h>
+
+#include <clocale>
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+
+namespace {
+
+class CommaAndGroups : public std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+class WideCommaAndGroups : public std::numpunct<wchar_t> {
+    wchar_t do_decimal_point() const override { return L','; }
+    wchar_t do_thousands_sep() const override { return L'.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+/// Compiles a C locale with a decimal comma into a folder of this process and makes it known.
+void setHostileCLocale() {
+    namespace fs = std::filesystem;
+    const fs::path folder =
+        fs::temp_directory_path() / ("tessera-locale-" + std::to_string(getpid()));
+    fs::create_directories(folder);
+    const std::string command =
+        "localedef -i de_DE -f UTF-8 '" + (folder / "de_DE.UTF-8").string() + "' 2>/dev/null";
+    const int compiled = std::system(command.c_str());
+    setenv("LOCPATH", folder.c_str(), 1);
+    const char* const set = std::setlocale(LC_ALL, "de_DE.UTF-8");
+    unsetenv("LOCPATH");
+    fs::remove_all(folder);
+    if (compiled != 0 || !set) {
+        throw std::runtime_error("no C locale with a decimal comma: install the package locales");
+    }
+}
+
+}  // namespace
+
+HostileLocale::HostileLocale() : m_formerCLocale(std::setlocale(LC_ALL, nullptr)) {
+    // Unnamed, so that setting it leaves the C locale alone.
+    m_formerLocale = std::locale::global(
+        std::locale(std::locale(std::locale(), new CommaAndGroups), new WideCommaAndGroups));
+    try {
+        setHostileCLocale();
+    } catch (...) {
+        std::locale::global(m_formerLocale);
+        throw;
+    }
+}
+
+HostileLocale::~HostileLocale() {
+    std::locale::global(m_formerLocale);
+    std::setlocale(LC_ALL, m_formerCLocale.c_str());
+}
