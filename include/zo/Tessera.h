@@ -6,8 +6,12 @@
 
 #include <zo/Tessera/Array.h>
 #include <zo/Tessera/BasicNumber.h>
+#include <zo/Tessera/CallbackParser.h>
+#include <zo/Tessera/Dom.h>
+#include <zo/Tessera/DomParser.h>
 #include <zo/Tessera/Element.h>
 #include <zo/Tessera/Exception.h>
+#include <zo/Tessera/Generator.h>
 #include <zo/Tessera/Null.h>
 #include <zo/Tessera/Object.h>
 #include <zo/Tessera/Path.h>
