@@ -1,0 +1,50 @@
+# Sourced by the other scripts.
+
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+readonly build_packages=(cmake ninja-build g++ libyajl-dev libutfcpp-dev)
+readonly test_packages=(libgtest-dev libgmock-dev locales)
+
+# Installs what is missing of the Debian packages named; silent when all are there.
+need_packages() {
+    local missing=() package
+    for package in "$@"; do
+        [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] ||
+            missing+=("$package")
+    done
+    ((${#missing[@]})) || return 0
+
+    local as_root=()
+    if ((EUID != 0)); then
+        as_root=(sudo)
+    fi
+    if ! command -v apt-get >/dev/null || { ((EUID != 0)) && ! command -v sudo >/dev/null; }; then
+        echo "Please install these packages first, or what your system calls them:" >&2
+        echo "    ${missing[*]}" >&2
+        exit 1
+    fi
+    echo "Installing ${missing[*]}"
+    quietly "${as_root[@]}" apt-get update
+    quietly "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install --yes --no-install-recommends "${missing[@]}"
+}
+
+# Runs a command, and shows what it printed only if it fails.
+quietly() {
+    local log
+    log=$(mktemp)
+    if ! "$@" >"$log" 2>&1 </dev/null; then
+        cat "$log" >&2
+        rm -f "$log"
+        echo "Failed: $*" >&2
+        exit 1
+    fi
+    rm -f "$log"
+}
+
+# Configures and builds a preset, quietly.
+build_preset() {
+    quietly cmake --preset "$1"
+    quietly cmake --build --preset "$1"
+}
