@@ -8,7 +8,7 @@
 
 #include "containers/treeWalks.h"
 #include "support/asciiText.h"
-#include "value_model/kinds.h"
+#include "value_model/elementRules.h"
 
 namespace zo::Tessera {
 
@@ -22,11 +22,6 @@ std::basic_ostream<Char>& writeAddresses(std::basic_ostream<Char>& out, const Ar
         out << static_cast<const void*>(item) << Ascii{","};
     }
     return out << Ascii{" ]"};
-}
-
-[[noreturn]] void refuseReading() {
-    // Callers match on this text.
-    throw Exception("Reading from srteam not (yet) supported for Tessera::Array.");
 }
 
 }  // namespace
@@ -113,11 +108,7 @@ int Array::compare(const Array& other) const {
 }
 
 int Array::compare(const Element& other) const {
-    if (&other == this) {
-        return 0;
-    }
-    const int kinds = compareKinds(*this, other);
-    return kinds != 0 ? kinds : compare(static_cast<const Array&>(other));
+    return compareElements(*this, other, [&] { return compare(static_cast<const Array&>(other)); });
 }
 
 std::ostream& Array::writeTo(std::ostream& out) const {
@@ -129,11 +120,11 @@ std::wostream& Array::writeTo(std::wostream& out) const {
 }
 
 std::istream& Array::readFrom(std::istream&) {
-    refuseReading();
+    refuseReading("Array");
 }
 
 std::wistream& Array::readFrom(std::wistream&) {
-    refuseReading();
+    refuseReading("Array");
 }
 
 }  // namespace zo::Tessera

@@ -7,7 +7,7 @@
 #include <zo/Tessera/Path.h>
 
 #include "containers/treeWalks.h"
-#include "value_model/kinds.h"
+#include "value_model/elementRules.h"
 
 namespace zo::Tessera {
 
@@ -20,11 +20,6 @@ Element& required(Iterator found, Iterator end, const std::string& key) {
         throw Exception("Object does not contain \"" + key + '"');
     }
     return *found->second;
-}
-
-[[noreturn]] void refuseReading() {
-    // Callers match on this text.
-    throw Exception("Reading from srteam not (yet) supported for Tessera::Object.");
 }
 
 }  // namespace
@@ -137,11 +132,8 @@ int Object::compare(const Object& other) const {
 }
 
 int Object::compare(const Element& other) const {
-    if (&other == this) {
-        return 0;
-    }
-    const int kinds = compareKinds(*this, other);
-    return kinds != 0 ? kinds : compare(static_cast<const Object&>(other));
+    return compareElements(*this, other,
+                           [&] { return compare(static_cast<const Object&>(other)); });
 }
 
 std::ostream& Object::writeTo(std::ostream& out) const {
@@ -153,11 +145,11 @@ std::wostream& Object::writeTo(std::wostream& out) const {
 }
 
 std::istream& Object::readFrom(std::istream&) {
-    refuseReading();
+    refuseReading("Object");
 }
 
 std::wistream& Object::readFrom(std::wistream&) {
-    refuseReading();
+    refuseReading("Object");
 }
 
 }  // namespace zo::Tessera

@@ -48,6 +48,12 @@ T fromDouble(double value) {
     }
 }
 
+template <class T>
+T valueAs(const BasicNumber& number) {
+    T value = 0;
+    return number.getValue(value);
+}
+
 }  // namespace
 
 template <class T>
@@ -75,63 +81,51 @@ T& BasicNumber::getValue(T& out) const {
 }
 
 char BasicNumber::toChar() const {
-    char value = 0;
-    return getValue(value);
+    return valueAs<char>(*this);
 }
 
 unsigned char BasicNumber::toUChar() const {
-    unsigned char value = 0;
-    return getValue(value);
+    return valueAs<unsigned char>(*this);
 }
 
 short BasicNumber::toShort() const {
-    short value = 0;
-    return getValue(value);
+    return valueAs<short>(*this);
 }
 
 unsigned short BasicNumber::toUShort() const {
-    unsigned short value = 0;
-    return getValue(value);
+    return valueAs<unsigned short>(*this);
 }
 
 int BasicNumber::toInt() const {
-    int value = 0;
-    return getValue(value);
+    return valueAs<int>(*this);
 }
 
 unsigned int BasicNumber::toUInt() const {
-    unsigned int value = 0;
-    return getValue(value);
+    return valueAs<unsigned int>(*this);
 }
 
 long BasicNumber::toLong() const {
-    long value = 0;
-    return getValue(value);
+    return valueAs<long>(*this);
 }
 
 unsigned long BasicNumber::toULong() const {
-    unsigned long value = 0;
-    return getValue(value);
+    return valueAs<unsigned long>(*this);
 }
 
 long long BasicNumber::toLongLong() const {
-    long long value = 0;
-    return getValue(value);
+    return valueAs<long long>(*this);
 }
 
 unsigned long long BasicNumber::toULongLong() const {
-    unsigned long long value = 0;
-    return getValue(value);
+    return valueAs<unsigned long long>(*this);
 }
 
 float BasicNumber::toFloat() const {
-    float value = 0;
-    return getValue(value);
+    return valueAs<float>(*this);
 }
 
 double BasicNumber::toDouble() const {
-    double value = 0;
-    return getValue(value);
+    return valueAs<double>(*this);
 }
 
 template char& BasicNumber::getValue(char& out) const;

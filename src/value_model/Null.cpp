@@ -2,20 +2,9 @@
 
 #include <ostream>
 
-#include <zo/Tessera/Exception.h>
-
-#include "value_model/kinds.h"
+#include "value_model/elementRules.h"
 
 namespace zo::Tessera {
-
-namespace {
-
-[[noreturn]] void refuseReading() {
-    // Callers match on this text.
-    throw Exception("Reading from srteam not (yet) supported for Tessera::Null.");
-}
-
-}  // namespace
 
 Null::Null() = default;
 
@@ -38,7 +27,7 @@ size_t Null::size() const {
 }
 
 int Null::compare(const Element& other) const {
-    return compareKinds(*this, other);
+    return compareElements(*this, other, [] { return 0; });
 }
 
 std::ostream& Null::writeTo(std::ostream& out) const {
@@ -50,11 +39,11 @@ std::wostream& Null::writeTo(std::wostream& out) const {
 }
 
 std::istream& Null::readFrom(std::istream&) {
-    refuseReading();
+    refuseReading("Null");
 }
 
 std::wistream& Null::readFrom(std::wistream&) {
-    refuseReading();
+    refuseReading("Null");
 }
 
 }  // namespace zo::Tessera

@@ -8,7 +8,7 @@
 #include <zo/convert.h>
 
 #include "support/asciiText.h"
-#include "value_model/kinds.h"
+#include "value_model/elementRules.h"
 
 namespace zo::Tessera {
 
@@ -52,11 +52,6 @@ std::ostream& writeValue(std::ostream& out, const std::string& value) {
 
 std::wostream& writeValue(std::wostream& out, const std::string& value) {
     return out << wconvert(value);
-}
-
-[[noreturn]] void refuseReading() {
-    // Callers match on this text.
-    throw Exception("Reading from srteam not (yet) supported for Tessera::TBasicElement.");
 }
 
 /// The element itself when `Wanted` is the type of its value.
@@ -140,12 +135,9 @@ Array& TBasicElement<T>::getArrayValue() {
 
 template <class T>
 int TBasicElement<T>::compare(const Element& other) const {
-    if (&other == this) {
-        return 0;
-    }
-    const int kinds = compareKinds(*this, other);
-    return kinds != 0 ? kinds
-                      : compareValues(m_value, static_cast<const TBasicElement&>(other).m_value);
+    return compareElements(*this, other, [&] {
+        return compareValues(m_value, static_cast<const TBasicElement&>(other).m_value);
+    });
 }
 
 template <class T>
@@ -160,12 +152,12 @@ std::wostream& TBasicElement<T>::writeTo(std::wostream& out) const {
 
 template <class T>
 std::istream& TBasicElement<T>::readFrom(std::istream&) {
-    refuseReading();
+    refuseReading("TBasicElement");
 }
 
 template <class T>
 std::wistream& TBasicElement<T>::readFrom(std::wistream&) {
-    refuseReading();
+    refuseReading("TBasicElement");
 }
 
 template class TBasicElement<bool>;
