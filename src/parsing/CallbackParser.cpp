@@ -29,32 +29,52 @@ struct ErrorTextDeleter {
 };
 using ErrorText = std::unique_ptr<unsigned char, ErrorTextDeleter>;
 
-// yajl converts doubles by the locale of the thread. It gets the "C" locale, while the listener
-// still runs under the caller's own and may change it.
+/// The locale of the calling thread while a piece is tokenised. yajl converts doubles by it, and so
+/// gets the "C" locale when it is to convert; the listener still runs under the caller's own.
+struct ThreadLocale {
+    bool m_tokenising = false;
+    locale_t m_callers = nullptr;  // set while the thread is under the "C" locale
 
-class ClassicWhileTokenising {
-public:
-    explicit ClassicWhileTokenising(locale_t& callers) : m_callers(callers) {
-        m_callers = uselocale(classicCLocale());
+    void enterClassic() {
+        if (m_tokenising && m_callers == nullptr) {
+            m_callers = uselocale(classicCLocale());
+        }
     }
-    ClassicWhileTokenising(const ClassicWhileTokenising&) = delete;
-    ClassicWhileTokenising& operator=(const ClassicWhileTokenising&) = delete;
-    ~ClassicWhileTokenising() { uselocale(std::exchange(m_callers, nullptr)); }
-
-private:
-    locale_t& m_callers;
 };
 
-class CallersWhileListening {
+class WhileTokenising {
 public:
-    explicit CallersWhileListening(locale_t& callers)
-        : m_callers(callers), m_classic(uselocale(callers)) {}
-    CallersWhileListening(const CallersWhileListening&) = delete;
-    CallersWhileListening& operator=(const CallersWhileListening&) = delete;
-    ~CallersWhileListening() { m_callers = uselocale(m_classic); }
+    explicit WhileTokenising(ThreadLocale& locale) : m_locale(locale) {
+        m_locale.m_tokenising = true;
+    }
+    WhileTokenising(const WhileTokenising&) = delete;
+    WhileTokenising& operator=(const WhileTokenising&) = delete;
+    ~WhileTokenising() {
+        m_locale.m_tokenising = false;
+        if (m_locale.m_callers != nullptr) {
+            uselocale(std::exchange(m_locale.m_callers, nullptr));
+        }
+    }
 
 private:
-    locale_t& m_callers;
+    ThreadLocale& m_locale;
+};
+
+/// The listener may change the thread's locale: what it leaves is the caller's from then on.
+class WhileListening {
+public:
+    explicit WhileListening(ThreadLocale& locale)
+        : m_locale(locale), m_classic(locale.m_callers ? uselocale(locale.m_callers) : nullptr) {}
+    WhileListening(const WhileListening&) = delete;
+    WhileListening& operator=(const WhileListening&) = delete;
+    ~WhileListening() {
+        if (m_classic != nullptr) {
+            m_locale.m_callers = uselocale(m_classic);
+        }
+    }
+
+private:
+    ThreadLocale& m_locale;
     locale_t m_classic;
 };
 
@@ -75,7 +95,13 @@ struct CallbackParser::Private {
     // Kept after an error that the listener accepted, who may still hold the text. Freed before the
     // handle that they came from.
     std::list<ErrorText> m_acceptedErrors;
-    locale_t m_callersLocale = nullptr;  // set while the thread is under another one
+    ThreadLocale m_locale;
+
+    void prepareConversion() {
+        if (m_callbacks.yajl_double != nullptr) {
+            m_locale.enterClassic();
+        }
+    }
 };
 
 CallbackParserListener::~CallbackParserListener() = default;
@@ -133,8 +159,8 @@ int CallbackParser::parse(const char* data, size_t length) {
     }
     constexpr int verbose = 1;
     std::list<ErrorText> text;
-    text.emplace_back(yajl_get_error(handle, verbose, asBytes(data), length),
-                      ErrorTextDeleter{handle});
+    text.emplace_back(nullptr, ErrorTextDeleter{handle});
+    text.front().reset(yajl_get_error(handle, verbose, asBytes(data), length));
     if (!text.front()) {
         throw std::bad_alloc();
     }
@@ -163,25 +189,23 @@ CallbackParserListener& CallbackParser::listener() const {
 
 /// Parses a piece and returns yajl's status.
 int CallbackParser::tokenise(const unsigned char* data, size_t length) {
-    yajl_handle_t* const handle = m_private->m_handle.get();
-    if (m_private->m_callbacks.yajl_double == nullptr) {
-        return yajl_parse(handle, data, length);
-    }
-    const ClassicWhileTokenising classic(m_private->m_callersLocale);
-    return yajl_parse(handle, data, length);
+    const WhileTokenising scope(m_private->m_locale);
+    m_private->prepareConversion();
+    return yajl_parse(m_private->m_handle.get(), data, length);
 }
 
 /// Calls the listener of the parser that `context` is.
 template <class Event>
 int CallbackParser::tell(void* context, const Event& event) {
     const CallbackParser& parser = *static_cast<CallbackParser*>(context);
-    CallbackParserListener& listener = parser.listener();
-    locale_t& callersLocale = parser.m_private->m_callersLocale;
-    if (callersLocale == nullptr) {
-        return event(listener);
+    int answer = 0;
+    {
+        const WhileListening scope(parser.m_private->m_locale);
+        answer = event(parser.listener());
     }
-    const CallersWhileListening callers(callersLocale);
-    return event(listener);
+    // The listener may have chosen the callbacks anew.
+    parser.m_private->prepareConversion();
+    return answer;
 }
 
 int CallbackParser::cb_null(void* context) {

@@ -50,6 +50,8 @@ INSTANTIATE_TEST_SUITE_P(
         Setter{"WidePointer", [](BasicNumber& number) { number.set(k_wideText.c_str()); }},
         Setter{"WidePointerAndLength",
                [](BasicNumber& number) { number.set(k_wideText.c_str(), k_wideText.size()); }},
+        Setter{"Number", [other = numberOf(k_text)](BasicNumber& number) { number.set(other); }},
+        Setter{"Assignment", [other = numberOf(k_text)](BasicNumber& number) { number = other; }},
         Setter{"DecNumber", [](BasicNumber& number) { number.set(zo::DecNumber(k_text)); }}),
     [](const auto& row) { return std::string(row.param.name); });
 

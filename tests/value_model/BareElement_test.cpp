@@ -92,6 +92,21 @@ TEST(Key, IsEmptyUnderAParentThatIsNoContainer) {
     EXPECT_EQ(child->key(), "");
 }
 
+/// An object that says to be of no kind.
+class OddObject : public Object {
+public:
+    EType type() const override { return static_cast<EType>(6); }
+};
+
+TEST(Key, IsEmptyUnderAParentOfAnotherKindThoughThereIsOne) {
+    OddObject odd;
+    const Element* const child = Element::createArray(&odd, "a");
+    ASSERT_EQ(child->parent(), &odd);
+    ASSERT_EQ(odd.begin()->first, "a");
+    EXPECT_EQ(child->key(), "");
+    EXPECT_EQ(child->path(nullptr), "");
+}
+
 TEST(ElementPath, LeavesOutAParentThatIsNoContainer) {
     Facade facade;
     Element* const list = Element::createArray(&facade, "a");

@@ -69,7 +69,8 @@ TEST(FreeFactories, KeepAZeroInsideAString) {
 }
 
 TEST(FreeFactories, RefuseANullText) {
-    EXPECT_THROW(value(static_cast<const char*>(nullptr)), Exception);
+    EXPECT_EQ(thrown<Exception>([] { value(static_cast<const char*>(nullptr)); }),
+              "Null pointer exception: text may not be null");
 }
 
 TEST(FreeFactories, HoldANumberInTheFormOfItsType) {

@@ -29,7 +29,7 @@ struct KindRow {
 
 enum GetterIndex : size_t { gtBoolean, gtNumber, gtString, gtObject, gtArray };
 
-// Six cells name another kind than the getter's own: callers match on these texts.
+// Some cells name another kind than the getter's own: callers match on these texts.
 inline const KindRow k_kindRows[] = {
     {"Base",
      static_cast<zo::Tessera::EType>(6),

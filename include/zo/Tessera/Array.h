@@ -34,8 +34,9 @@ public:
 
     /// Replaces the children by deep copies of those of `other`, which may be this array or stand
     /// inside it. Linear in both trees. The copies are owned but not attached: `parent()` of each
-    /// is null. If a copy fails, the array is left with those made so far. Where this array stands
-    /// inside `other`, its own copy holds what it has been given by then.
+    /// is null. If a copy fails, the array is left with those made so far, or as before when there
+    /// is no memory to begin. Where this array stands inside `other`, its own copy holds what it
+    /// has been given by then.
     Array& assign(const Array& other);
 
     /// Puts `child` last and takes it over: sets its parent and index, and an empty key.

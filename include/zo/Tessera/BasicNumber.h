@@ -121,8 +121,9 @@ public:
     /// Three things surprise. The lower bound of `float` and `double` is the smallest positive
     /// normal value: zero and every negative number are out of range. A signed 0 (set from an
     /// `int`, or read from "-0") lies below every unsigned type's 0, so its unsigned conversions
-    /// throw. And what compares equal to a bound passes: a NaN, and the doubles 2^63 and 2^64,
-    /// become the integer with the top bit alone. `toDecNumber` does none of this:
+    /// throw. And what compares equal to a bound passes: the doubles 2^63 and 2^64, and a NaN,
+    /// become the integer with the top bit alone (of which `unsigned int` and the narrower types
+    /// keep the low bits: 0). `toDecNumber` does none of this:
     /// `static_cast<double>(number.toDecNumber())` is safe.
     /// @{
     char toChar() const;

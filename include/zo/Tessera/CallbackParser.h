@@ -35,7 +35,7 @@ public:
     virtual int cb_integer(long long value) = 0;
     virtual int cb_double(double value) = 0;
     /// Whether numbers come as their text through `cb_number` (true unless overridden) or converted
-    /// through `cb_integer` and `cb_double`. Asked when a parser is made.
+    /// through `cb_integer` and `cb_double`. Asked when a parser is made, and by `setCallbacks`.
     virtual bool use_number_callback();
 };
 
@@ -55,6 +55,7 @@ public:
     virtual ~CallbackParser();
 
     /// Chooses the callbacks anew, after the listener's `use_number_callback` changed its answer.
+    /// May be called from within an event, and holds from the next one on.
     void setCallbacks();
 
     /// Reads what the stream has at hand, in pieces of at most 255 characters, and returns it. A

@@ -102,7 +102,8 @@ public:
 
     /// -1, 0 or 1: a total order of elements. Different kinds order as `EType` does; within a kind
     /// the concrete class decides. Beware: objects compare by their members' values alone, in
-    /// order; keys are not looked at.
+    /// order; keys are not looked at. A number whose text is out of range throws what
+    /// `BasicNumber::type` throws.
     virtual int compare(const Element& other) const;
 
     /// Writes a plain diagnostic form, which is not JSON: strings are neither quoted nor escaped,
@@ -188,7 +189,8 @@ public:
 
     /// \name Reading a scalar as a plain type
     /// Another kind throws `TypeException<EType>`; a number that does not fit throws
-    /// `ValueOutOfRange<BasicNumber, T>`. References live as long as the element.
+    /// `ValueOutOfRange<BasicNumber, T>`, and one whose text is out of range what
+    /// `BasicNumber::type` throws. References live as long as the element.
     ///
     /// Beware: `double` and `float` refuse zero and every negative number (see
     /// `BasicNumber::toDouble`), and convert const elements only: `double d = std::as_const(e)`.

@@ -41,8 +41,8 @@ public:
     /// Replaces the members by deep copies of those of `other`, which may be this object or stand
     /// inside it. Linear in both trees. The copies are owned but not attached: `parent()` of each
     /// is null and `key()` empty, while the object still finds them by key. If a copy fails, the
-    /// object is left with those made so far. Where this object stands inside `other`, its own copy
-    /// holds what it has been given by then.
+    /// object is left with those made so far, or as before when there is no memory to begin. Where
+    /// this object stands inside `other`, its own copy holds what it has been given by then.
     Object& assign(const Object& other);
 
     /// Deletes all members, in insertion order. Allocates nothing.
