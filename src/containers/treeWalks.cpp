@@ -32,7 +32,7 @@ const Object* exactObject(const Element& element) {
 }
 
 bool isExactContainer(const Element& element) {
-    return exactArray(element) || exactObject(element);
+    return exactArray(element) != nullptr || exactObject(element) != nullptr;
 }
 
 }  // namespace
@@ -57,15 +57,16 @@ void TreeDestroyer::deleteBelow(Container& top) noexcept {
     Element* open = &top;
     while (true) {
         Element* const child = open == &top ? takeFirst(top) : takeFirst(*open);
-        if (child && isExactContainer(*child)) {
+        if (child == nullptr) {
+            if (open == &top) {
+                return;
+            }
+            delete std::exchange(open, open->m_parent);
+        } else if (isExactContainer(*child)) {
             child->m_parent = open;
             open = child;
-        } else if (child) {
-            delete child;
-        } else if (open == &top) {
-            return;
         } else {
-            delete std::exchange(open, open->m_parent);
+            delete child;
         }
     }
 }

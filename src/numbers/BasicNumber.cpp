@@ -84,8 +84,9 @@ const Char* checkedText(const Char* text) {
 
 BasicNumber::BasicNumber() = default;
 
+// NOLINTNEXTLINE(modernize-use-equals-default): the text comes first, for it alone can fail.
 BasicNumber& BasicNumber::operator=(const BasicNumber& other) {
-    m_text = other.m_text;  // first, for it alone can fail
+    m_text = other.m_text;
     m_binaryType = other.m_binaryType;
     m_binary = other.m_binary;
     return *this;
