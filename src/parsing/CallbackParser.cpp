@@ -5,11 +5,10 @@
 #include <istream>
 #include <list>
 #include <new>
-#include <utility>
 
 #include <zo/Tessera/Exception.h>
 
-#include "support/classicLocale.h"
+#include "parsing/TokeniserLocale.h"
 
 namespace zo::Tessera {
 
@@ -29,55 +28,6 @@ struct ErrorTextDeleter {
 };
 using ErrorText = std::unique_ptr<unsigned char, ErrorTextDeleter>;
 
-/// The locale of the calling thread while a piece is tokenised. yajl converts doubles by it, and so
-/// gets the "C" locale when it is to convert; the listener still runs under the caller's own.
-struct ThreadLocale {
-    bool m_tokenising = false;
-    locale_t m_callers = nullptr;  // set while the thread is under the "C" locale
-
-    void enterClassic() {
-        if (m_tokenising && m_callers == nullptr) {
-            m_callers = uselocale(classicCLocale());
-        }
-    }
-};
-
-class WhileTokenising {
-public:
-    explicit WhileTokenising(ThreadLocale& locale) : m_locale(locale) {
-        m_locale.m_tokenising = true;
-    }
-    WhileTokenising(const WhileTokenising&) = delete;
-    WhileTokenising& operator=(const WhileTokenising&) = delete;
-    ~WhileTokenising() {
-        m_locale.m_tokenising = false;
-        if (m_locale.m_callers != nullptr) {
-            uselocale(std::exchange(m_locale.m_callers, nullptr));
-        }
-    }
-
-private:
-    ThreadLocale& m_locale;
-};
-
-/// The listener may change the thread's locale: what it leaves is the caller's from then on.
-class WhileListening {
-public:
-    explicit WhileListening(ThreadLocale& locale)
-        : m_locale(locale), m_classic(locale.m_callers ? uselocale(locale.m_callers) : nullptr) {}
-    WhileListening(const WhileListening&) = delete;
-    WhileListening& operator=(const WhileListening&) = delete;
-    ~WhileListening() {
-        if (m_classic != nullptr) {
-            m_locale.m_callers = uselocale(m_classic);
-        }
-    }
-
-private:
-    ThreadLocale& m_locale;
-    locale_t m_classic;
-};
-
 const unsigned char* asBytes(const char* text) {
     return reinterpret_cast<const unsigned char*>(text);
 }
@@ -95,7 +45,7 @@ struct CallbackParser::Private {
     // Kept after an error that the listener accepted, who may still hold the text. Freed before the
     // handle that they came from.
     std::list<ErrorText> m_acceptedErrors;
-    ThreadLocale m_locale;
+    TokeniserLocale m_locale;
 
     void prepareConversion() {
         if (m_callbacks.yajl_double != nullptr) {
