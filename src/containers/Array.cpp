@@ -4,7 +4,6 @@
 #include <utility>
 
 #include <zo/Tessera/Exception.h>
-#include <zo/Tessera/Path.h>
 
 #include "containers/treeWalks.h"
 #include "support/asciiText.h"

@@ -6,6 +6,7 @@
 #include <string>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -231,6 +232,20 @@ TEST(IndexList, DoesNotDeleteWhatItsValuesPointTo) {
         list.erase(list.begin());
     }
     EXPECT_EQ(value, 1);
+}
+
+TEST(IndexList, IsTakenApartFromTheFirstValueOn) {
+    zo::IndexList<int> list;
+    list.push_back(3);
+    list.push_back(1);
+    list.push_back(2);
+    EXPECT_EQ(list.takeFirst(), 3);
+    EXPECT_EQ(std::vector<int>(list.begin(), list.end()), (std::vector<int>{1, 2}));
+    EXPECT_EQ(list.takeFirst(), 1);
+    EXPECT_EQ(list.takeFirst(), 2);
+    EXPECT_TRUE(list.empty());
+    list.push_back(4);
+    EXPECT_EQ(list[0], 4);
 }
 
 }  // namespace

@@ -262,4 +262,17 @@ TEST(ListMap, DoesNotDeleteWhatItsValuesPointTo) {
     EXPECT_EQ(value, 1);
 }
 
+TEST(ListMap, IsTakenApartFromTheEntryInsertedFirstOn) {
+    zo::ListMap<std::string, int> map;
+    map.insert({"b", 1});
+    map.insert({"a", 2});
+    EXPECT_EQ(map.takeFirst(), 1);
+    ASSERT_EQ(map.size(), 1U);
+    EXPECT_EQ(map.begin()->first, "a");
+    EXPECT_EQ(map.takeFirst(), 2);
+    EXPECT_TRUE(map.empty());
+    EXPECT_TRUE(map.insert({"b", 3}).second);
+    EXPECT_EQ(map.find("b")->second, 3);
+}
+
 }  // namespace
