@@ -81,10 +81,22 @@ public:
     /// Allocates nothing.
     iterator erase(iterator position) {
         const iterator following = m_list->erase(position);
+        recount();
+        return following;
+    }
+
+    /// Moves the value at `position`, which must be one of this list, to the end of `target`. For
+    /// taking out many: places are not counted anew, and until `recount` is called the values are
+    /// reached by iteration only. Allocates nothing.
+    void extract(iterator position, std::list<T, Alloc>& target) noexcept {
+        target.splice(target.end(), *m_list, position);
+    }
+
+    /// Counts the places anew after values were extracted. Linear; allocates nothing.
+    void recount() noexcept {
         m_slots->resize(m_list->size());
         std::transform(m_list->begin(), m_list->end(), m_slots->begin(),
                        [](T& value) { return std::addressof(value); });
-        return following;
     }
 
     /// Takes the first value off and returns it; there must be one. For taking a whole list apart

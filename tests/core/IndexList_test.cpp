@@ -2,12 +2,14 @@
 
 #include <cstddef>
 #include <iterator>
+#include <list>
 #include <new>
 #include <string>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "FailingAllocator.h"
@@ -234,8 +236,40 @@ TEST(IndexList, DoesNotDeleteWhatItsValuesPointTo) {
     EXPECT_EQ(value, 1);
 }
 
+TEST(IndexList, HandsValuesOverWithTheirNodesAndCountsAnewWhenTold) {
+    List list;
+    for (const int value : {1, 2, 3, 4}) {
+        list.push_back(value);
+    }
+    const int* const kept = &list[3];
+    std::list<int> taken{0};
+
+    list.extract(std::next(list.begin()), taken);
+    list.extract(std::next(list.begin()), taken);
+    EXPECT_THAT(list, testing::ElementsAre(1, 4));
+    list.recount();
+
+    EXPECT_THAT(taken, testing::ElementsAre(0, 2, 3));
+    EXPECT_THAT(list, testing::ElementsAre(1, 4));
+    EXPECT_EQ(list.size(), 2U);
+    EXPECT_EQ(list[0], 1);
+    EXPECT_EQ(&list[1], kept);
+    list.push_back(5);
+    EXPECT_EQ(list[2], 5);
+}
+
+TEST(IndexList, HandsTheLastValueOverAndIsEmpty) {
+    List list;
+    list.push_back(1);
+    std::list<int> taken;
+    list.extract(list.begin(), taken);
+    list.recount();
+    EXPECT_TRUE(list.empty());
+    EXPECT_THAT(taken, testing::ElementsAre(1));
+}
+
 TEST(IndexList, IsTakenApartFromTheFirstValueOn) {
-    zo::IndexList<int> list;
+    List list;
     list.push_back(3);
     list.push_back(1);
     list.push_back(2);
