@@ -3,11 +3,12 @@
 
 #include <cstddef>
 #include <functional>
-#include <iterator>
 #include <list>
 #include <map>
 #include <memory>
 #include <utility>
+
+#include <zo/ListMapKey.h>
 
 namespace zo {
 
@@ -15,8 +16,8 @@ namespace zo {
 /// logarithmic time.
 ///
 /// Invariants:
-/// 1. Each entry of `m_list` has exactly one entry of `m_map`, with an equal key, that points at
-///    it; `m_map` has no others. Keys are thus unique.
+/// 1. Each entry of `m_list` has exactly one entry of `m_map`, which points at it and whose key is
+///    that entry's own; `m_map` has no others, and no two keys are equal.
 /// 2. Neither pointer is null, except after a move.
 /// 3. An entry's address, and an iterator at it, hold until that entry is erased, whatever else is
 ///    inserted or erased, and also when the map is moved or swapped; so does `end()`.
@@ -31,9 +32,10 @@ template <class Key, class Value, class Compare = std::less<Key>,
           class Alloc = std::allocator<std::pair<const Key, Value>>>
 class ListMap {
     using List = std::list<std::pair<const Key, Value>, Alloc>;
+    using MapKey = ListMapKey<Key, Compare>;
     using MapAlloc = typename std::allocator_traits<Alloc>::template rebind_alloc<
-        std::pair<const Key, typename List::iterator>>;
-    using Map = std::map<Key, typename List::iterator, Compare, MapAlloc>;
+        std::pair<const MapKey, typename List::iterator>>;
+    using Map = std::map<MapKey, typename List::iterator, std::less<MapKey>, MapAlloc>;
 
 public:
     /// Bidirectional, over the entries in the order of their insertion.
@@ -62,11 +64,11 @@ public:
     /// The entry with `key`, or `end()`. Logarithmic.
     /// @{
     iterator find(const Key& key) {
-        const auto found = m_map->find(key);
+        const auto found = m_map->find(MapKey(key));
         return found == m_map->end() ? m_list->end() : found->second;
     }
     const_iterator find(const Key& key) const {
-        const auto found = m_map->find(key);
+        const auto found = m_map->find(MapKey(key));
         return found == m_map->end() ? m_list->cend() : const_iterator(found->second);
     }
     /// @}
@@ -75,15 +77,16 @@ public:
     /// place. Returns the entry with the key and whether it is new. Logarithmic. After an exception
     /// (out of memory, a copy that throws) the map is as before.
     std::pair<iterator, bool> insert(const value_type& entry) {
-        const auto place = m_map->lower_bound(entry.first);
-        if (place != m_map->end() && !m_map->key_comp()(entry.first, place->first)) {
+        const MapKey key(entry.first);
+        const auto place = m_map->lower_bound(key);
+        if (place != m_map->end() && !(key < place->first)) {
             return {place->second, false};
         }
         // The node joins the list when nothing can fail any more; joining keeps its address.
         List added(m_list->get_allocator());
         added.push_back(entry);
         const auto node = added.begin();
-        m_map->emplace_hint(place, entry.first, node);
+        m_map->emplace_hint(place, MapKey(node->first), node);
         m_list->splice(m_list->end(), added);
         return {node, true};
     }
@@ -91,14 +94,14 @@ public:
     /// Erases the entry at `position`, which must be one of this map, and returns the one that
     /// follows it. Logarithmic.
     iterator erase(iterator position) {
-        m_map->erase(position->first);
+        m_map->erase(MapKey(position->first));
         return m_list->erase(position);
     }
 
     /// Erases the entry with `key` and returns how many were erased: 0 or 1. `key` may be the very
     /// key of that entry. Logarithmic.
     std::size_t erase(const Key& key) {
-        const auto found = m_map->find(key);
+        const auto found = m_map->find(MapKey(key));
         if (found == m_map->end()) {
             return 0;
         }
