@@ -23,6 +23,8 @@ endfunction()
 function(tessera_add_library target)
     add_library(${target} ${ARGN})
     tessera_configure_target(${target})
+    # The library's calls of its own functions are not replaceable from outside, and may be inlined.
+    target_compile_options(${target} PRIVATE -fno-semantic-interposition)
     set_target_properties(${target} PROPERTIES
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR})
