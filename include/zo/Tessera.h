@@ -16,6 +16,7 @@
 #include <zo/Tessera/Object.h>
 #include <zo/Tessera/Path.h>
 #include <zo/Tessera/PathGenerator.h>
+#include <zo/Tessera/PathParser.h>
 #include <zo/Tessera/TBasicElement.h>
 
 #endif

@@ -1,0 +1,296 @@
+#ifndef ZO_TESSERA_SRC_PATHS_PATHMACHINE_H
+#define ZO_TESSERA_SRC_PATHS_PATHMACHINE_H
+
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <istream>
+#include <string>
+
+#include <zo/Tessera/Path.h>
+#include <zo/Tessera/PathParser.h>
+
+/// \file
+/// The syntax of paths, written once for texts from streams and from memory, and for listeners of
+/// any class.
+
+namespace zo::Tessera {
+
+/// What the last read of a stream gives when it is cut to a character. A byte of this value within
+/// a text ends it, too.
+constexpr char k_endOfPath = '\xFF';
+
+/// The kinds of characters that the syntax tells apart. The first three are plain parts of a key.
+enum PathCharacter : unsigned char {
+    pcDigit,
+    pcStar,
+    pcOther,
+    pcDot,
+    pcOpen,
+    pcClose,
+    pcEnd,
+    pcBackslash
+};
+
+inline PathCharacter pathCharacter(char c) {
+    static constexpr std::array<PathCharacter, 256> k_kinds = [] {
+        std::array<PathCharacter, 256> kinds{};
+        const auto set = [&](char member, PathCharacter kind) {
+            kinds[static_cast<unsigned char>(member)] = kind;
+        };
+        for (PathCharacter& kind : kinds) {
+            kind = pcOther;
+        }
+        for (char digit = '0'; digit <= '9'; ++digit) {
+            set(digit, pcDigit);
+        }
+        set('.', pcDot);
+        set('[', pcOpen);
+        set(']', pcClose);
+        set('*', pcStar);
+        set('\\', pcBackslash);
+        set(k_endOfPath, pcEnd);
+        return kinds;
+    }();
+    return k_kinds[static_cast<unsigned char>(c)];
+}
+
+/// Whether a character is a part of the key that it stands in, and no more.
+inline bool isPlain(PathCharacter kind) {
+    return kind <= pcOther;
+}
+
+/// A text that comes from a stream.
+class StreamSource {
+public:
+    explicit StreamSource(std::istream& in) : m_in(in) {}
+
+    bool good() const { return m_in.good(); }
+    char get() { return static_cast<char>(m_in.get()); }
+
+    /// Appends `c`, the character that was read last, to a key, and what can be read of the key
+    /// at once. Returns the length of the latter.
+    static size_t appendTo(std::string& key, char c) {
+        key.push_back(c);
+        return 0;
+    }
+
+private:
+    std::istream& m_in;
+};
+
+/// A text in memory, which ends and is read as a stream of it would be.
+class TextSource {
+public:
+    explicit TextSource(const std::string& text)
+        : m_next(text.data()), m_end(text.data() + text.size()) {}
+
+    bool good() const { return !m_atEnd; }
+
+    char get() {
+        m_atEnd = m_next == m_end;
+        return m_atEnd ? k_endOfPath : *m_next++;
+    }
+
+    size_t appendTo(std::string& key, char c) {
+        if (m_atEnd) {
+            key.push_back(c);
+            return 0;
+        }
+        const char* const begin = m_next;
+        while (m_next != m_end && isPlain(pathCharacter(*m_next))) {
+            ++m_next;
+        }
+        const auto length = static_cast<size_t>(m_next - begin);
+        key.append(begin - 1, length + 1);
+        return length;
+    }
+
+private:
+    const char* m_next;
+    const char* m_end;
+    bool m_atEnd = false;
+};
+
+/// "Unexpected character" or "Unexpexced EOF".
+std::string unexpectedCharacter(char c);
+/// The whole message of an error.
+std::string pathErrorMessage(const std::string& message, const std::string& token,
+                             std::uint64_t tokenStart, std::uint64_t position,
+                             PathParser::EState state);
+
+/// One run over a path text. A `Listener` has the operations of a `PathParserListener`; for a final
+/// class they are called directly.
+template <class Source, class Listener>
+class PathMachine {
+public:
+    PathMachine(Source in, Listener& listener) : m_in(in), m_listener(listener) {}
+
+    void run() {
+        bool escaped = false;  // the character before was a backslash
+        while (m_in.good()) {
+            const char c = m_in.get();
+            PathCharacter kind = pathCharacter(c);
+            if (escaped) {
+                escaped = false;
+                kind = isPlain(kind) ? kind : pcOther;
+            } else if (kind == pcEnd) {
+                break;
+            } else if (kind == pcBackslash) {
+                escaped = true;
+                ++m_position;
+                continue;
+            }
+            if (!parse(c, kind)) {
+                return;
+            }
+            ++m_position;
+        }
+        parse(k_endOfPath, pcEnd);
+    }
+
+private:
+    using EState = PathParser::EState;
+
+    /// What a character does.
+    enum EAction : unsigned char {
+        acStop,         // ends the run
+        acRefuse,       // is an error
+        acFinish,       // ends the path between two segments
+        acLastKey,      // ends the path and its last key
+        acOpenKey,      // comes before a key
+        acOpenIndex,    // comes before an index
+        acNextKey,      // ends a key and comes before another
+        acNextIndex,    // ends a key and comes before an index
+        acBeginKey,     // is the first of a key
+        acAppendKey,    // is a further one of a key
+        acBeginIndex,   // is the first of an index
+        acAppendIndex,  // is a further one of an index
+        acEndIndex      // ends an index
+    };
+
+    // The syntax. A character after a backslash is a digit, a star or another one, never
+    // punctuation.
+    // clang-format off
+    static constexpr EAction k_actions[6][7] = {
+    //   digit          "*"           other        "."         "["          "]"         end of text
+        {acBeginKey,    acBeginKey,   acBeginKey,  acOpenKey,  acOpenIndex, acRefuse,   acFinish},   // esInit
+        {acBeginKey,    acBeginKey,   acBeginKey,  acRefuse,   acRefuse,    acRefuse,   acRefuse},   // esObjectInit
+        {acAppendKey,   acAppendKey,  acAppendKey, acNextKey,  acNextIndex, acRefuse,   acLastKey},  // esObject
+        {acBeginIndex,  acBeginIndex, acRefuse,    acRefuse,   acRefuse,    acRefuse,   acRefuse},   // esArrayInit
+        {acAppendIndex, acRefuse,     acRefuse,    acRefuse,   acRefuse,    acEndIndex, acRefuse},   // esArray
+        {acStop,        acStop,       acStop,      acStop,     acStop,      acStop,     acStop},     // esError
+    };
+    // clang-format on
+
+    /// Does what the table says, and returns whether to go on.
+    bool parse(char c, PathCharacter kind) {
+        switch (k_actions[m_state][kind]) {
+            case acStop:
+                return false;
+            case acRefuse:
+                return parseError(c);
+            case acLastKey:
+                m_state = EState::esInit;
+                // The path is finished whatever the answer is: listeners rely on it.
+                signalObjectItem();
+                [[fallthrough]];
+            case acFinish:
+                m_listener.cbFinish();
+                return true;
+            case acOpenKey:
+                begin(EState::esObjectInit);
+                return true;
+            case acOpenIndex:
+                begin(EState::esArrayInit);
+                return true;
+            case acNextKey:
+                m_state = EState::esObjectInit;
+                return signalObjectItem();
+            case acNextIndex:
+                m_state = EState::esArrayInit;
+                return signalObjectItem();
+            case acBeginKey:
+                begin(EState::esObject);
+                [[fallthrough]];
+            case acAppendKey:
+                m_position += m_in.appendTo(m_buffer, c);
+                return true;
+            case acBeginIndex:
+                begin(EState::esArray);
+                [[fallthrough]];
+            case acAppendIndex:
+                m_buffer.push_back(c);
+                return true;
+            case acEndIndex:
+                m_state = EState::esInit;
+                return signalListItem();
+        }
+        return false;
+    }
+
+    void begin(EState state) {
+        m_state = state;
+        m_tokenStart = m_position;
+        m_buffer.clear();
+    }
+
+    bool signalObjectItem() {
+        m_tokenStart = m_position;
+        const bool goOn = m_listener.cbObjectProperty(m_buffer);
+        m_buffer.clear();
+        return goOn;
+    }
+
+    bool signalListItem() {
+        const unsigned long index = readIndex();
+        m_tokenStart = m_position;
+        m_buffer.clear();
+        return m_listener.cbArrayItem(index);
+    }
+
+    unsigned long readIndex() {
+        // By its length in the text: a "*" that errors were dropped from is none.
+        if (m_position - m_tokenStart == 1 && m_buffer.front() == '*') {
+            return Path::k_noIndex;
+        }
+        unsigned long index = 0;
+        const char* const end = m_buffer.data() + m_buffer.size();
+        if (std::from_chars(m_buffer.data(), end, index).ec == std::errc()) {
+            return index;
+        }
+        parseError(std::string("Unreadable index"));
+        // Neither a place nor "*", which would append.
+        return Path::k_noIndex - 1;
+    }
+
+    bool parseError(char c) { return parseError(unexpectedCharacter(c)); }
+
+    bool parseError(const std::string& message) {
+        if (report(m_listener, message, m_buffer, m_tokenStart, m_position, m_state)) {
+            return true;
+        }
+        m_state = EState::esError;
+        return false;
+    }
+
+    // Apart from the machine, so that its state can stay in registers.
+    [[gnu::noinline]] static bool report(Listener& listener, const std::string& message,
+                                         const std::string& token, std::uint64_t tokenStart,
+                                         std::uint64_t position, EState state) {
+        return listener.cbParseError(pathErrorMessage(message, token, tokenStart, position, state),
+                                     token, tokenStart, position);
+    }
+
+    Source m_in;
+    Listener& m_listener;
+    EState m_state = EState::esInit;
+    std::string m_buffer;            // the key or the index at hand
+    std::uint64_t m_position = 0;    // of the current character
+    std::uint64_t m_tokenStart = 0;  // where the key or the index at hand began
+};
+
+}  // namespace zo::Tessera
+
+#endif
