@@ -23,6 +23,13 @@ std::ostream& operator<<(std::ostream& out, const BasicNumber& number) {
     return number.writeAt(out);
 }
 
+/// The address, not the text: callers match on the form.
+void writeCurrentElement(std::ostream& out, const Exception& exception) {
+    if (const void* const path = exception.elementPath()) {
+        out << " Current element: \"" << path << '"';
+    }
+}
+
 }  // namespace
 
 Exception::Exception(const zo::Exception* cause) : zo::Exception(std::string(), cause) {}
@@ -142,10 +149,7 @@ void ParseException::generateWhat(std::string& out) const {
         }
     }
     text << m_message;
-    if (elementPath()) {
-        // The address, not the text: callers match on the form.
-        text << " Current element: \"" << static_cast<const void*>(elementPath()) << '"';
-    }
+    writeCurrentElement(text, *this);
     out = text.str();
 }
 
@@ -171,6 +175,51 @@ int ParseException::endLine() const {
 
 int ParseException::endColumn() const {
     return m_endColumn;
+}
+
+PathNotFound::PathNotFound(const Element* element, const std::string& path, const std::string& key,
+                           const Exception* cause)
+    : Exception(element, cause), m_path(path), m_key(key) {}
+
+PathNotFound::~PathNotFound() = default;
+
+void PathNotFound::generateWhat(std::string& out) const {
+    std::ostringstream text = classicStream();
+    text << "Path \"" << m_path << "\" not found! Key \"" << m_key << "\".";
+    writeCurrentElement(text, *this);
+    out = text.str();
+}
+
+PathNotFound* PathNotFound::clone() const {
+    return new PathNotFound(*this);
+}
+
+const std::string& PathNotFound::path() const {
+    return m_path;
+}
+
+const std::string& PathNotFound::key() const {
+    return m_key;
+}
+
+KeyNotFound::KeyNotFound(const Element* element, const std::string& key, const Exception* cause)
+    : Exception(element, cause), m_key(key) {}
+
+KeyNotFound::~KeyNotFound() = default;
+
+void KeyNotFound::generateWhat(std::string& out) const {
+    std::ostringstream text = classicStream();
+    text << "Key \"" << m_key << "\" not found!";
+    writeCurrentElement(text, *this);
+    out = text.str();
+}
+
+KeyNotFound* KeyNotFound::clone() const {
+    return new KeyNotFound(*this);
+}
+
+const std::string& KeyNotFound::key() const {
+    return m_key;
 }
 
 template <class From, class To>

@@ -107,6 +107,53 @@ private:
     int m_endColumn;
 };
 
+/// A path names an element that is not there, or that cannot be created.
+class ZO_TESSERA_EXPORT PathNotFound : public Exception {
+public:
+    /// `element` is the one that lacks the segment, and may be null; `path` is the whole path text,
+    /// `key` the segment: a key without escapes, or an index such as "[2]".
+    PathNotFound(const Element* element, const std::string& path, const std::string& key,
+                 const Exception* cause = nullptr);
+    PathNotFound(const PathNotFound&) = default;
+    PathNotFound& operator=(const PathNotFound&) = default;
+    ~PathNotFound() override;
+
+    /// For example: Path "a[2]" not found! Key "[2]". Beware: the "Current element" that may follow
+    /// is the address of the stored path; `elementPath()` has the text.
+    void generateWhat(std::string& out) const override;
+    PathNotFound* clone() const override;
+
+    /// References live as long as the exception.
+    /// @{
+    const std::string& path() const;
+    const std::string& key() const;
+    /// @}
+
+private:
+    std::string m_path;
+    std::string m_key;
+};
+
+/// An object lacks a key. The library itself does not throw it: it is there for applications.
+class ZO_TESSERA_EXPORT KeyNotFound : public Exception {
+public:
+    /// `element` is the one that lacks the key, and may be null.
+    KeyNotFound(const Element* element, const std::string& key, const Exception* cause = nullptr);
+    KeyNotFound(const KeyNotFound&) = default;
+    KeyNotFound& operator=(const KeyNotFound&) = default;
+    ~KeyNotFound() override;
+
+    /// For example: Key "name" not found! The "Current element" may follow as for `PathNotFound`.
+    void generateWhat(std::string& out) const override;
+    KeyNotFound* clone() const override;
+
+    /// Lives as long as the exception.
+    const std::string& key() const;
+
+private:
+    std::string m_key;
+};
+
 /// A number that does not fit into the type asked for, or a number text whose binary form cannot be
 /// derived (`From` and `To` are then `std::string`, and the bounds are empty).
 /// `To` is one of the twelve types of `BasicNumber::getValue` when `From` is `BasicNumber`.
