@@ -28,7 +28,9 @@ std::string formattedIndex(const std::ostream& out, unsigned long index) {
 
 }  // namespace
 
-PathGenerator::PathGenerator(std::ostream& out) : m_out(out) {}
+PathGenerator::PathGenerator(std::ostream& out) : m_stream(&out) {}
+
+PathGenerator::PathGenerator(std::string& text) : m_text(&text) {}
 
 void PathGenerator::genObjectProperty(const std::string& name) {
     genObjectProperty(zo::StringRef<char>(name.data(), name.size()));
@@ -36,26 +38,36 @@ void PathGenerator::genObjectProperty(const std::string& name) {
 
 void PathGenerator::genObjectProperty(const zo::StringRef<char>& name) {
     if (m_state != esInit) {
-        m_out << '.';
+        put('.');
     }
     for (const char c : name) {
         if (Path::k_escapeChars.find(c) != std::string::npos) {
-            m_out << '\\';
+            put('\\');
         }
-        m_out << c;
+        put(c);
     }
     m_state = esObject;
 }
 
 void PathGenerator::genListItem(unsigned long index) {
-    m_out << '[';
+    put('[');
     if (index == Path::k_noIndex) {
-        m_out << '*';
+        put('*');
+    } else if (m_stream) {
+        *m_stream << formattedIndex(*m_stream, index);
     } else {
-        m_out << formattedIndex(m_out, index);
+        *m_text += std::to_string(index);
     }
-    m_out << ']';
+    put(']');
     m_state = esArray;
+}
+
+void PathGenerator::put(char c) {
+    if (m_stream) {
+        *m_stream << c;
+    } else {
+        m_text->push_back(c);
+    }
 }
 
 std::ostream& operator<<(std::ostream& out, PathGenerator::EState state) {

@@ -23,6 +23,8 @@ public:
 
     /// Writes to `out`, which must outlive the generator.
     explicit PathGenerator(std::ostream& out);
+    /// Appends to `text`, which must outlive the generator, at less cost than a stream has.
+    explicit PathGenerator(std::string& text);
 
     /// Writes one key, after a "." unless it comes first.
     /// @{
@@ -30,12 +32,15 @@ public:
     void genObjectProperty(const zo::StringRef<char>& name);
     /// @}
 
-    /// Writes one index in brackets, in the number base set on the stream but never grouped by its
-    /// locale; `Path::k_noIndex` is written as "*".
+    /// Writes one index in brackets, in the number base set on the stream (decimal in a string) but
+    /// never grouped by its locale; `Path::k_noIndex` is written as "*".
     void genListItem(unsigned long index);
 
 private:
-    std::ostream& m_out;
+    void put(char c);
+
+    std::ostream* m_stream = nullptr;  // one of the two is set
+    std::string* m_text = nullptr;
     EState m_state = esInit;
 };
 
