@@ -10,6 +10,8 @@
 #include <zo/Tessera/Dom.h>
 #include <zo/Tessera/DomParser.h>
 #include <zo/Tessera/Element.h>
+#include <zo/Tessera/ElementCreator.h>
+#include <zo/Tessera/ElementGetter.h>
 #include <zo/Tessera/Exception.h>
 #include <zo/Tessera/Generator.h>
 #include <zo/Tessera/Null.h>
@@ -17,6 +19,7 @@
 #include <zo/Tessera/Path.h>
 #include <zo/Tessera/PathGenerator.h>
 #include <zo/Tessera/PathParser.h>
+#include <zo/Tessera/SchemaPathConverters.h>
 #include <zo/Tessera/TBasicElement.h>
 
 #endif

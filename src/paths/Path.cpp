@@ -1,34 +1,30 @@
 #include <zo/Tessera/Path.h>
 
-#include <ostream>
-#include <vector>
+#include <utility>
 
 #include <zo/Tessera/Element.h>
+#include <zo/Tessera/ElementCreator.h>
+#include <zo/Tessera/ElementGetter.h>
+#include <zo/Tessera/Exception.h>
 #include <zo/Tessera/PathGenerator.h>
+#include <zo/Tessera/PathParser.h>
+#include <zo/Tessera/SchemaPathConverters.h>
+
+#include "paths/elementPath.h"
+#include "paths/lookUp.h"
 
 namespace zo::Tessera {
 
 namespace {
 
-/// Calls back for each step from below `root`, or from the top of the tree, down to `element`:
-/// `member(key)` for a step into an object, `item(index)` for one into an array.
-template <class Member, class Item>
-void walkDown(const Element& element, const Element* root, const Member& member, const Item& item) {
-    std::vector<const Element*> chain{&element};
-    while (chain.back()->parent() && chain.back()->parent() != root) {
-        chain.push_back(chain.back()->parent());
-    }
-    for (auto step = chain.rbegin(); step != chain.rend(); ++step) {
-        const Element* const container = (*step)->parent();
-        if (!container) {
-            continue;
-        }
-        if (container->type() == etObject) {
-            member((*step)->key());
-        } else if (container->type() == etArray) {
-            item((*step)->index());
-        }
-    }
+/// What a converter writes while `path` is parsed.
+template <class Converter>
+Path converted(const Path& path) {
+    Path result;
+    PathGenerator generator(result);
+    Converter converter(generator);
+    PathParser(converter).parse(path);
+    return result;
 }
 
 }  // namespace
@@ -46,26 +42,78 @@ const unsigned long Path::k_noIndex;
 Path::Path(const std::string& text) : std::string(text) {}
 
 std::ostream& Path::elementPath(std::ostream& out, const Element& element, const Element* root) {
-    PathGenerator path(out);
-    walkDown(
-        element, root, [&](const std::string& key) { path.genObjectProperty(key); },
-        [&](size_t index) { path.genListItem(index); });
+    generatePath(PathGenerator(out), element, root);
     return out;
 }
 
 std::ostream& Path::elementSchemaPath(std::ostream& out, const Element& element,
                                       const Element* root) {
-    PathGenerator path(out);
-    path.genObjectProperty(k_meta);
-    path.genObjectProperty(k_schema);
-    walkDown(
-        element, root,
-        [&](const std::string& key) {
-            path.genObjectProperty(k_metaObjectProperty);
-            path.genObjectProperty(key);
-        },
-        [&](size_t) { path.genObjectProperty(k_metaArrayItem); });
+    generateSchemaPath(PathGenerator(out), element, root);
     return out;
+}
+
+bool Path::pathExists(const Path& path, const Element& root) {
+    return tryGetElement(path, root) != nullptr;
+}
+
+bool Path::pathExists(const Path& path, const Element& root, EType type) {
+    return tryGetElement(path, root, type) != nullptr;
+}
+
+const Element& Path::getElement(const Path& path, const Element& root) {
+    if (const Element* const found = tryGetElement(path, root)) {
+        return *found;
+    }
+    // Once more, for the exception.
+    ElementGetter getter(path, root, true);
+    PathParser(getter).parse(path);
+    return *getter.currentElement();
+}
+
+Element& Path::getElement(const Path& path, Element& root) {
+    return const_cast<Element&>(getElement(path, std::as_const(root)));
+}
+
+const Element* Path::tryGetElement(const Path& path, const Element& root) {
+    return lookUp(path, root);
+}
+
+Element* Path::tryGetElement(const Path& path, Element& root) {
+    return const_cast<Element*>(tryGetElement(path, std::as_const(root)));
+}
+
+const Element* Path::tryGetElement(const Path& path, const Element& root, EType type) {
+    const Element* const found = tryGetElement(path, root);
+    return found && found->type() == type ? found : nullptr;
+}
+
+Element* Path::tryGetElement(const Path& path, Element& root, EType type) {
+    return const_cast<Element*>(tryGetElement(path, std::as_const(root), type));
+}
+
+Element& Path::createElement(Element& root, const Path& path, const Element& value) {
+    ElementCreator creator(path, root, value, true);
+    PathParser(creator).parse(path);
+    return *creator.currentElement();
+}
+
+Element* Path::tryCreateElement(Element& root, const Path& path, const Element& value) {
+    ElementCreator creator(path, root, value, false);
+    PathParser(creator).parse(path);
+    if (!creator.pathExists()) {
+        throw Exception(
+            "Error creating element. Parent: \"" + root.path(nullptr) + "\" path: \"" + path + '"',
+            &root);
+    }
+    return creator.currentElement();
+}
+
+Path Path::toSchemaPath(const Path& path) {
+    return converted<ToSchemaPathConverter>(path);
+}
+
+Path Path::fromSchemaPath(const Path& schemaPath) {
+    return converted<FromSchemaPathConverter>(schemaPath);
 }
 
 }  // namespace zo::Tessera

@@ -7,6 +7,7 @@
 #include <string>
 
 #include <zo/Tessera/BasicNumber.h>
+#include <zo/Tessera/Path.h>
 #include <zo/Tessera/export.h>
 
 namespace zo::Tessera {
@@ -19,7 +20,8 @@ class ZO_TESSERA_EXPORT TBasicElement;
 static_assert(sizeof(long) == 8, "indexes and numbers rely on a long of 64 bits");
 
 /// The kind of an element. Elements of different kinds are ordered by these values.
-enum ZO_TESSERA_EXPORT EType : int {
+/// Its first declaration, beside `Path`, is the one that exports it.
+enum EType : int {
     etEmpty = -1,  ///< no element, or not yet known
     etNull = 0,
     etBoolean = 1,

@@ -9,10 +9,34 @@
 namespace zo::Tessera {
 
 class Element;
+enum ZO_TESSERA_EXPORT EType : int;
 
-/// A path text such as `a.list[3].value`: keys joined by ".", indexes in brackets, a backslash
-/// before a ".", "[", "]", "*" or backslash that belongs to a key. It is a `std::string` that adds
-/// no data; any text is a valid value.
+/// A path text such as `a.list[3].value`, which names one element of a tree, seen from another.
+/// It is a `std::string` that adds no data; any text is a valid value, and its syntax is checked
+/// when it is used:
+///
+/// | path text     | reaches                                                                 |
+/// |---------------|-------------------------------------------------------------------------|
+/// | (empty)       | the element where the path begins                                       |
+/// | `a`, `.a`     | the member "a" of an object                                             |
+/// | `a.b`         | the member "b" of the member "a"                                        |
+/// | `list[3]`     | the item at place 3, counted from 0; `[3]` where the path begins at one |
+/// | `list[3].b`   | the member "b" of that item; `list[3]b` says the same                   |
+/// | `list[*]`     | where something is created: an item to be appended                      |
+/// | `x\.y`        | the member "x.y": after a backslash every character belongs to the key  |
+///
+/// Keys are bytes, compared exactly: UTF-8 by custom. A key needs a backslash before each ".", "[",
+/// "]" and backslash, and before each byte 0xFF, which would end the text; `path()` writes these,
+/// but for the last, and one more before "*". No text names a member whose key is empty: use
+/// `Element::at`.
+///
+/// The text is parsed by every call that takes it. A look-up that throws nothing allocates nothing
+/// while each key and each index is at most 15 bytes long. Keep a `Path` that is used often: a
+/// literal makes a new one each time, which allocates when the whole text is longer than that.
+///
+/// Besides what each says, all operations throw `ParseException` for a text that breaks the syntax,
+/// and those that only look up for "*" ("Index must be set!"): those that answer whether something
+/// is there, too.
 class ZO_TESSERA_EXPORT Path : public std::string {
 public:
     /// The index "*": no particular position. Also the index of an element outside of an array.
@@ -45,6 +69,52 @@ public:
     /// ".properties." and the key for each member and ".items" for each item on the way.
     static std::ostream& elementSchemaPath(std::ostream& out, const Element& element,
                                            const Element* root);
+
+    /// \name Looking up
+    /// `root` is where the path begins: any element of a tree. Linear in the text, and logarithmic
+    /// in the size of each object on the way.
+    /// @{
+
+    /// Whether the path leads to an element, which is of the kind `type` when that is given.
+    static bool pathExists(const Path& path, const Element& root);
+    static bool pathExists(const Path& path, const Element& root, EType type);
+    /// The element at the path; `PathNotFound` when there is none.
+    static const Element& getElement(const Path& path, const Element& root);
+    static Element& getElement(const Path& path, Element& root);
+    /// The element at the path, owned by its tree; null when there is none, or none of the kind
+    /// `type` when that is given.
+    static const Element* tryGetElement(const Path& path, const Element& root);
+    static Element* tryGetElement(const Path& path, Element& root);
+    static const Element* tryGetElement(const Path& path, const Element& root, EType type);
+    static Element* tryGetElement(const Path& path, Element& root, EType type);
+    /// @}
+
+    /// \name Creating
+    /// The element at the path, owned by its tree. What is missing on the way is created (see
+    /// `ElementCreator` for what can be, and for the kinds it gets), with a deep copy of `value` at
+    /// the end. An element that exists stays as it is: `Element::tryUpdate` sets its value, too.
+    /// After any exception what was created on the way stays.
+    /// @{
+
+    /// Where it cannot be created: `PathNotFound`.
+    static Element& createElement(Element& root, const Path& path, const Element& value);
+    /// Never null. Where it cannot be created: `zo::Tessera::Exception` "Error creating element.
+    /// Parent: "..." path: "..."", with the path of `root` and this one.
+    static Element* tryCreateElement(Element& root, const Path& path, const Element& value);
+    /// @}
+
+    /// \name Between data and their schema
+    /// A schema stands under "meta" and "schema" in its document, and describes members under
+    /// "properties" and all items of an array under "items".
+    /// @{
+
+    /// The path of the schema node that describes the data at `path`: of `list[3].x` it is
+    /// `meta.schema.properties.list.items.properties.x`.
+    static Path toSchemaPath(const Path& path);
+    /// The other way, with "*" for every index. Another text than a schema path throws
+    /// `ParseException`; see `FromSchemaPathConverter` for what raises nothing.
+    static Path fromSchemaPath(const Path& schemaPath);
+    /// @}
 };
 
 }  // namespace zo::Tessera
