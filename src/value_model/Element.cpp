@@ -1,7 +1,6 @@
 #include <zo/Tessera/Element.h>
 
 #include <cassert>
-#include <ostream>
 
 #include <zo/Tessera/Array.h>
 #include <zo/Tessera/BasicNumber.h>
@@ -11,7 +10,6 @@
 #include <zo/Tessera/TBasicElement.h>
 
 #include "support/asciiText.h"
-#include "support/classicLocale.h"
 
 namespace zo::Tessera {
 
@@ -209,26 +207,6 @@ Element& Element::root() {
 
 const Element& Element::root() const {
     return const_cast<Element*>(this)->root();
-}
-
-std::string Element::path(const Element* ancestor) const {
-    std::ostringstream text = classicStream();
-    path(text, ancestor);
-    return text.str();
-}
-
-std::ostream& Element::path(std::ostream& out, const Element* ancestor) const {
-    return Path::elementPath(out, *this, ancestor);
-}
-
-std::string Element::schemaPath(const Element* ancestor) const {
-    std::ostringstream text = classicStream();
-    schemaPath(text, ancestor);
-    return text.str();
-}
-
-std::ostream& Element::schemaPath(std::ostream& out, const Element* ancestor) const {
-    return Path::elementSchemaPath(out, *this, ancestor);
 }
 
 Element& Element::at(unsigned long i) {

@@ -243,6 +243,74 @@ public:
     const Element& at(const std::string& key) const;
     /// @}
 
+    /// \name Reaching, testing and changing by path
+    /// Paths begin at this element; see `Path` for their syntax, what a look-up costs and the
+    /// `ParseException` of a text that breaks it. References and pointers live as `at`'s do.
+    /// @{
+
+    /// The element at `path`; `PathNotFound` when there is none. The empty path gives this element.
+    Element& get(const Path& path);
+    const Element& get(const Path& path) const;
+    /// Whether the path leads to an element, which is of the kind `type` when that is given.
+    bool pathExists(const Path& path) const;
+    bool pathExists(const Path& path, EType type) const;
+    /// Makes the element at `path` hold the value of `element`, and returns it. What is missing on
+    /// the way is created, as `Path::tryCreateElement` does, which throws where that cannot be.
+    /// The value is copied as `realAssign` does: into an element of another kind throws
+    /// `TypeException<EType>`, and a null changes nothing that exists.
+    Element& tryUpdate(const Path& path, const Element& element);
+    Element& tryUpdate(const Path& path, const std::unique_ptr<Element>& element);
+    /// Puts a deep copy of `element`, or the element itself, into this object as `Object::insert`
+    /// does, and returns what is stored. Beware: nothing is walked. The whole text of `path` is the
+    /// member's name, dots, brackets and backslashes included; `tryUpdate` walks.
+    /// Another kind than an object throws `TypeException<EType>`; an `element` handed over is then
+    /// deleted, as after any exception.
+    Element& insertElement(const Path& path, const Element& element);
+    Element& insertElement(const Path& path, std::unique_ptr<Element> element);
+    /// @}
+
+    /// \name Searching the items of an array
+    /// `arrayPath` leads from this element to the array; when it is empty, this element is the
+    /// array. An item matches when what `keyPath` reaches in it (the item itself, when empty)
+    /// compares equal to `pattern`. An item in which that raises a `zo::Tessera::Exception` does
+    /// not match: the path does not exist there, or breaks the syntax. Other exceptions pass.
+    ///
+    /// An `arrayPath` that leads nowhere throws `PathNotFound`, to no array `TypeException<EType>`.
+    /// Linear in the array.
+    /// @{
+
+    /// The first item that matches, or null.
+    Element* findElement(const Element& pattern, const Path& keyPath, const Path& arrayPath);
+    const Element* findElement(const Element& pattern, const Path& keyPath,
+                               const Path& arrayPath) const;
+    Element* findElement(const std::unique_ptr<Element>& pattern, const Path& keyPath,
+                         const Path& arrayPath);
+    const Element* findElement(const std::unique_ptr<Element>& pattern, const Path& keyPath,
+                               const Path& arrayPath) const;
+    /// Removes and deletes all items that match. One pass, however many match; only at its end are
+    /// places counted anew for `at` and what was removed deleted, so that `pattern` may be one of
+    /// them. When an exception passes, those that matched before are removed, and the array is
+    /// whole.
+    ///
+    /// Beware: each removal adds one to the stored `index()` of the items behind it, which `key()`
+    /// and paths show, instead of taking one off: callers rely on it. `at` and the order are right.
+    void removeElement(const Element& pattern, const Path& keyPath, const Path& arrayPath);
+    void removeElement(const std::unique_ptr<Element>& pattern, const Path& keyPath,
+                       const Path& arrayPath);
+    /// @}
+
+    /// \name Defaults from the schema
+    /// @{
+
+    /// The element that the document's schema gives as the default of what is at `path`: the member
+    /// "default" of the schema node, which is looked up from the root of this tree (see
+    /// `Path::toSchemaPath`). `PathNotFound` when there is none.
+    const Element& getDefault(const Path& path) const;
+    /// The element at `path`, or its default when there is none. Beware: the default is looked up
+    /// first, and throws when it is missing even where the element exists.
+    const Element& getUsingDefault(const Path& path) const;
+    /// @}
+
 protected:
     /// Detached.
     Element();
@@ -256,6 +324,8 @@ protected:
     explicit Element(Element* parent);
 
 private:
+    class ItemRemoval;
+
     friend class Array;
     friend class Object;
     friend class TreeDestroyer;
