@@ -126,18 +126,20 @@ bool changeValues(Element& root) {
     return false;
 }
 
-/// Adds a member to an object, or an item to an array, then replaces a member inside of it.
-void addAndReplace(Element& root) {
-    Element* const note = root.type() == etObject ? Element::createObject(&root, "edited")
-                                                  : Element::createObject(&root);
-    Element::createString("edit_document", note, "by");
-    Element::createNull(note, "reviewed");
-    std::cout << note->path(nullptr) << ": added, with " << note->size() << " members\n";
+/// Adds a note, as a member of an object or an item of an array, and replaces a member inside of
+/// it. Returns the note's path.
+Path addNote(Element& root) {
+    const Path place = root.type() == etObject ? "edit_document" : "[*]";
+    const Path note = root.tryUpdate(place, object()).path(nullptr);
+    root.tryUpdate(note + ".checked.by", value("edit_document"));
+    root.tryUpdate(note + ".reviewed", value());
+    std::cout << note << ": added, with " << root.get(note).size() << " members\n";
 
-    Element::createBoolean(true, note, "reviewed");
-    const bool reviewed = note->at("reviewed");
-    std::cout << note->path(nullptr) << ": its member \"reviewed\" replaced by " << std::boolalpha
-              << reviewed << '\n';
+    Element::createBoolean(true, &root.get(note), "reviewed");
+    const bool reviewed = root.get(note + ".reviewed");
+    std::cout << note << ": its member \"reviewed\" replaced by " << std::boolalpha << reviewed
+              << '\n';
+    return note;
 }
 
 /// Nothing converts between kinds: the exception says which element is meant, and what it is.
@@ -156,15 +158,17 @@ void showWrongKind(Element& root) {
 }
 
 /// Whether the text reads back to an equal tree whose numbers have the texts that are expected.
-bool provesLossless(const std::string& text, const Dom& document,
+bool provesLossless(const std::string& text, const Dom& document, const Path& note,
                     const std::vector<std::string>& expectedNumbers) {
     std::istringstream in(text);
     Dom again = readDocument(in);
     const bool equal = equalTrees(again, document);
     const bool numbersKept = numberTexts(*again.root()) == expectedNumbers;
+    const std::string& checker = again.root()->get(note + ".checked.by");
     std::cout << "reading it again gives an equal tree: " << (equal ? "yes" : "NO") << '\n'
               << "numbers with the text they had or were given: "
-              << (numbersKept ? "all of " : "NOT all of ") << expectedNumbers.size() << '\n';
+              << (numbersKept ? "all of " : "NOT all of ") << expectedNumbers.size() << '\n'
+              << note << ".checked.by: \"" << checker << "\"\n";
     return equal && numbersKept;
 }
 
@@ -184,7 +188,7 @@ bool editDocument(std::istream& in, std::ostream& out) {
     if (changeValues(root)) {
         numbers.front() = k_newNumber;
     }
-    addAndReplace(root);
+    const Path note = addNote(root);
 
     std::cout << "--- written back\n" << std::flush;
     const std::string text = textOf(document);
@@ -193,7 +197,7 @@ bool editDocument(std::istream& in, std::ostream& out) {
         throw std::runtime_error("cannot write the output");
     }
     std::cout << "--- proof\n";
-    return provesLossless(text, document, numbers);
+    return provesLossless(text, document, note, numbers);
 }
 
 }  // namespace

@@ -12,14 +12,14 @@ int main() {
     text >> document;
     Element& root = *document.root();
 
-    const std::string title = root.at("title");
-    std::cout << title << " has " << root.at("tags").size() << " tag\n";
+    const std::string title = root.get("title");
+    std::cout << title << " has " << root.get("tags").size() << " tag\n";
 
-    root.at("title").setStringValue("Large cup");
-    Element::createString("blue", &root.at("tags"));  // appended, and owned by the array
-    Element::createBoolean(true, &root, "in stock");  // a new member, owned by the object
+    root.tryUpdate("title", value("Large cup"));
+    root.tryUpdate("tags[*]", value("blue"));  // appended
+    root.tryUpdate("stock.Ulm", value(12));    // created, on the way and at the end
     try {
-        root.at("tags").at(1).getObjectValue();
+        root.get("tags[1]").getObjectValue();
     } catch (const Exception& error) {
         std::cout << error.what() << '\n';
     }
