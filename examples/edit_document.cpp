@@ -130,7 +130,7 @@ bool changeValues(Element& root) {
 /// it. Returns the note's path.
 Path addNote(Element& root) {
     const Path place = root.type() == etObject ? "edit_document" : "[*]";
-    const Path note = root.tryUpdate(place, object()).path(nullptr);
+    Path note = root.tryUpdate(place, object()).path(nullptr);
     root.tryUpdate(note + ".checked.by", value("edit_document"));
     root.tryUpdate(note + ".reviewed", value());
     std::cout << note << ": added, with " << root.get(note).size() << " members\n";

@@ -24,7 +24,7 @@ int main() {
         const std::string& name = found->get("name");
         std::cout << found->path(nullptr) << ": " << name << " lives in Bonn\n";
     }
-    if (!root.findElement(value("Rome"), "address.city", "people")) {
+    if (root.findElement(value("Rome"), "address.city", "people") == nullptr) {
         std::cout << "nobody lives in Rome\n";
     }
 

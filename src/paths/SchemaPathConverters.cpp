@@ -14,9 +14,6 @@ namespace {
 
 }  // namespace
 
-/// What must come next in a schema path.
-enum FromSchemaPathConverter::EState : int { stMeta, stSchema, stKeyword, stMemberKey };
-
 ToSchemaPathConverter::ToSchemaPathConverter(PathGenerator& gen) : m_gen(gen) {
     m_gen.genObjectProperty(Path::k_meta);
     m_gen.genObjectProperty(Path::k_schema);
@@ -33,8 +30,7 @@ bool ToSchemaPathConverter::cbArrayItem(unsigned long) {
     return true;
 }
 
-FromSchemaPathConverter::FromSchemaPathConverter(PathGenerator& gen)
-    : m_gen(gen), m_state(stMeta) {}
+FromSchemaPathConverter::FromSchemaPathConverter(PathGenerator& gen) : m_gen(gen) {}
 
 // Callers match on the texts, spelling included.
 bool FromSchemaPathConverter::cbObjectProperty(const std::string& key) {

@@ -17,7 +17,7 @@ namespace {
 bool matches(const Element& item, const Element& pattern, const Path& keyPath) {
     try {
         const Element* const reached = Path::tryGetElement(keyPath, item);
-        return reached && pattern.compare(*reached) == 0;
+        return reached != nullptr && pattern.compare(*reached) == 0;
     } catch (const Exception&) {
         return false;
     }

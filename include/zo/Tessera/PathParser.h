@@ -56,8 +56,8 @@ public:
 
     /// Reads `in` to its end and returns it; one that is not good to begin with counts as empty.
     std::istream& parse(std::istream& in);
-    /// The same for a text in memory, which needs no stream. Allocates only for keys and
-    /// indexes that are longer than 15 bytes, and for errors.
+    /// The same for a text in memory, which needs no stream and must not change meanwhile.
+    /// Allocates only for keys and indexes that are longer than 15 bytes, and for errors.
     void parse(const std::string& text);
 
 private:

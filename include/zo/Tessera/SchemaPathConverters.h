@@ -43,10 +43,11 @@ public:
     bool cbArrayItem(unsigned long index) override;
 
 private:
-    enum EState : int;
+    /// What must come next in the schema path.
+    enum EState { stMeta, stSchema, stKeyword, stMemberKey };
 
     PathGenerator& m_gen;
-    EState m_state;
+    EState m_state = stMeta;
 };
 
 }  // namespace zo::Tessera
