@@ -18,10 +18,14 @@ Ascii stateName(PathGenerator::EState state) {
     return enumName(names, state, ">>INVALID<<");
 }
 
-/// In the number base set on `out`, but never grouped by its locale: the path must read back.
-std::string formattedIndex(const std::ostream& out, unsigned long index) {
+/// In the number base set on `out`, if there is a stream, but never grouped by its locale: the path
+/// must read back.
+std::string indexText(const std::ostream* out, unsigned long index) {
+    if (!out) {
+        return std::to_string(index);
+    }
     std::ostringstream text = classicStream();
-    text.flags(out.flags());
+    text.flags(out->flags());
     text << index;
     return text.str();
 }
@@ -37,36 +41,33 @@ void PathGenerator::genObjectProperty(const std::string& name) {
 }
 
 void PathGenerator::genObjectProperty(const zo::StringRef<char>& name) {
+    // Put together first: the name may be a part of the text that is written to.
+    std::string segment;
     if (m_state != esInit) {
-        put('.');
+        segment += '.';
     }
     for (const char c : name) {
         if (Path::k_escapeChars.find(c) != std::string::npos) {
-            put('\\');
+            segment += '\\';
         }
-        put(c);
+        segment += c;
     }
+    put(segment);
     m_state = esObject;
 }
 
 void PathGenerator::genListItem(unsigned long index) {
-    put('[');
-    if (index == Path::k_noIndex) {
-        put('*');
-    } else if (m_stream) {
-        *m_stream << formattedIndex(*m_stream, index);
-    } else {
-        *m_text += std::to_string(index);
-    }
-    put(']');
+    put('[' + (index == Path::k_noIndex ? "*" : indexText(m_stream, index)) + ']');
     m_state = esArray;
 }
 
-void PathGenerator::put(char c) {
-    if (m_stream) {
+void PathGenerator::put(const std::string& segment) {
+    if (m_text) {
+        *m_text += segment;
+        return;
+    }
+    for (const char c : segment) {
         *m_stream << c;
-    } else {
-        m_text->push_back(c);
     }
 }
 

@@ -10,7 +10,10 @@
 namespace zo::Tessera {
 
 /// Writes a path text segment by segment, with a backslash before each character of a key that has
-/// a meaning in paths. An empty key writes nothing but its ".", and such a path does not read back.
+/// a meaning in paths.
+///
+/// Beware of what does not read back: an empty key, of which at most a "." is written; a byte 0xFF
+/// in a key, which gets no backslash; an index in another number base than ten.
 class ZO_TESSERA_EXPORT PathGenerator {
 public:
     /// The kind of the segment written last.
@@ -26,7 +29,7 @@ public:
     /// Appends to `text`, which must outlive the generator, at less cost than a stream has.
     explicit PathGenerator(std::string& text);
 
-    /// Writes one key, after a "." unless it comes first.
+    /// Writes one key, after a "." unless it comes first. It may be a part of the text written to.
     /// @{
     void genObjectProperty(const std::string& name);
     void genObjectProperty(const zo::StringRef<char>& name);
@@ -37,7 +40,7 @@ public:
     void genListItem(unsigned long index);
 
 private:
-    void put(char c);
+    void put(const std::string& segment);
 
     std::ostream* m_stream = nullptr;  // one of the two is set
     std::string* m_text = nullptr;
