@@ -41,6 +41,13 @@ const unsigned long Path::k_noIndex;
 
 Path::Path(const std::string& text) : std::string(text) {}
 
+Path::Path(const char* text) {
+    if (text == nullptr) {
+        throw Exception("Null pointer exception: path may not be null");
+    }
+    assign(text);
+}
+
 std::ostream& Path::elementPath(std::ostream& out, const Element& element, const Element* root) {
     generatePath(PathGenerator(out), element, root);
     return out;

@@ -5,8 +5,14 @@
 #include <climits>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <type_traits>
+#include <unordered_set>
 #include <utility>
+
+#include <zo/Tessera/Exception.h>
+
+#include "support/thrown.h"
 
 using namespace zo::Tessera;
 
@@ -111,6 +117,26 @@ TEST(PathValue, CanBeChangedCopiedAndMovedAsAString) {
     EXPECT_EQ(path, "d");
     path = moved;
     EXPECT_EQ(path, "a.b[0]");
+    path = std::string_view("e.f");
+    EXPECT_EQ(path, "e.f");
+    path = 'g';
+    EXPECT_EQ(path, "g");
+    path = {};
+    EXPECT_EQ(path, "");
+}
+
+TEST(PathValue, IsNotMadeOfANullPointer) {
+    const char* const none = nullptr;
+    const std::string message = "Null pointer exception: path may not be null";
+    EXPECT_EQ(thrown<Exception>([&] { const Path path(none); }), message);
+    EXPECT_EQ(thrown<Exception>([] { const Path path = nullptr; }), message);
+    EXPECT_EQ(thrown<Exception>([&] { lengthOf(none); }), message);
+}
+
+TEST(PathValue, HashesAsItsText) {
+    EXPECT_EQ(std::hash<Path>()("a.b"), std::hash<std::string>()("a.b"));
+    const std::unordered_set<Path> paths = {"a", "b", std::string("a")};
+    EXPECT_EQ(paths.size(), 2U);
 }
 
 TEST(PathValue, IsWrittenAsAString) {

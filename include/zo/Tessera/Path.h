@@ -1,6 +1,7 @@
 #ifndef ZO_TESSERA_PATH_H
 #define ZO_TESSERA_PATH_H
 
+#include <functional>
 #include <iosfwd>
 #include <string>
 
@@ -36,7 +37,7 @@ enum ZO_TESSERA_EXPORT EType : int;
 ///
 /// Besides what each says, all operations throw `ParseException` for a text that breaks the syntax,
 /// and those that only look up for "*" ("Index must be set!"): those that answer whether something
-/// is there, too.
+/// is there, too. What stands behind a segment that is missing is not read any more.
 class ZO_TESSERA_EXPORT Path : public std::string {
 public:
     /// The index "*": no particular position. Also the index of an element outside of an array.
@@ -58,8 +59,12 @@ public:
     static const std::string k_escapeChars;
 
     using std::string::string;
+    using std::string::operator=;
     Path() = default;
     Path(const std::string& text);
+    /// The text up to its terminating zero. A null pointer throws `zo::Tessera::Exception` "Null
+    /// pointer exception: path may not be null".
+    Path(const char* text);
 
     /// Writes the path of `element` from below `root`, or from the top of the tree when `root` is
     /// null, no ancestor, or `element` itself. Returns `out`. Linear in the depth.
@@ -99,7 +104,8 @@ public:
     /// Where it cannot be created: `PathNotFound`.
     static Element& createElement(Element& root, const Path& path, const Element& value);
     /// Never null. Where it cannot be created: `zo::Tessera::Exception` "Error creating element.
-    /// Parent: "..." path: "..."", with the path of `root` and this one.
+    /// Parent: "..." path: "..."", with the path of `root`, which is its `elementPath()`, too, and
+    /// this one.
     static Element* tryCreateElement(Element& root, const Path& path, const Element& value);
     /// @}
 
@@ -118,5 +124,9 @@ public:
 };
 
 }  // namespace zo::Tessera
+
+/// That of the text.
+template <>
+struct std::hash<zo::Tessera::Path> : std::hash<std::string> {};
 
 #endif
