@@ -23,7 +23,7 @@ int main() {
         article.tryUpdate("stock", value(0));
     }
 
-    // What exists is given the new value, in its place.
+    // What exists is given the new value, which must be of its own kind, in its place.
     root.tryUpdate("shop.articles[1].stock", value(12));
 
     // Within an array arrays are created.

@@ -34,7 +34,7 @@ int main() {
     // Without a key the items themselves are compared; without a list, this element is the list.
     root.get("tags").removeElement(value("new"), "", "");
 
-    // Places are right, and the order. The index that an item itself tells is not any more.
+    // at() and the order are right; the index that is stored in an item is too high now.
     std::cout << "people[1] is now " << root.get("people[1].name").getStringValue().value()
               << ", which says it is " << root.get("people[1]").path(nullptr) << '\n';
     std::cout << document;

@@ -1,4 +1,4 @@
-// Looks things up by path, and handles what is missing in each of the ways there are.
+// Looks things up by path, and handles what is missing.
 
 #include <iostream>
 #include <sstream>
@@ -44,7 +44,7 @@ int main() {
     const bool done = root.get(R"(v1\.2.done)");
     std::cout << root.at("v1.2").at("done").path(nullptr) << ": " << done << '\n';
 
-    // A text that is no path is always an error.
+    // A text that is no path is an error, not an answer.
     try {
         root.pathExists("sizes[one]");
     } catch (const ParseException& error) {

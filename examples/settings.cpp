@@ -50,7 +50,7 @@ int main() {
         std::cout << "no default at " << missing.path() << '\n';
     }
 
-    // Writing can leave the schema out.
+    // Writing can leave the meta member out, and the schema with it.
     document.setIncludeMeta(false);
     std::cout << document;
 }

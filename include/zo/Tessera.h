@@ -4,6 +4,7 @@
 /// \file
 /// Everything that an application needs to build, read, change, compare and write JSON documents.
 
+#include <zo/DecNumber.h>
 #include <zo/Tessera/Array.h>
 #include <zo/Tessera/BasicNumber.h>
 #include <zo/Tessera/CallbackParser.h>

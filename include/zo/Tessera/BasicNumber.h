@@ -124,7 +124,7 @@ public:
     /// throw. And what compares equal to a bound passes: the doubles 2^63 and 2^64, and a NaN,
     /// become the integer with the top bit alone (of which `unsigned int` and the narrower types
     /// keep the low bits: 0). `toDecNumber` does none of this:
-    /// `static_cast<double>(number.toDecNumber())` is safe.
+    /// `static_cast<double>(number.toDecNumber())`, with <zo/DecNumber.h>, is safe.
     /// @{
     char toChar() const;
     unsigned char toUChar() const;

@@ -275,8 +275,13 @@ public:
     /// compares equal to `pattern`. An item in which that raises a `zo::Tessera::Exception` does
     /// not match: the path does not exist there, or breaks the syntax. Other exceptions pass.
     ///
-    /// An `arrayPath` that leads nowhere throws `PathNotFound`, to no array `TypeException<EType>`.
-    /// Linear in the array.
+    /// Beware of numbers whose text is out of range, such as integers of 20 digits: a comparison
+    /// with one raises and is no match once, and from then on it compares as the value that it had
+    /// before, mostly 0 (see `BasicNumber::type`).
+    ///
+    /// An `arrayPath` that leads nowhere throws `PathNotFound`, to no array `TypeException<EType>`;
+    /// an empty `std::unique_ptr` `zo::Tessera::Exception` "Null pointer exception: pattern may not
+    /// be null". Linear in the array.
     /// @{
 
     /// The first item that matches, or null.

@@ -22,10 +22,11 @@ namespace zo::Tessera {
 /// and then fails. What was created by then stays.
 class ZO_TESSERA_EXPORT ElementCreator : public PathParserListener {
 public:
-    /// `path` is the text that will be parsed: it is copied for the message of `PathNotFound`.
-    /// `root`, where the path begins, must outlive the creator. `value` is cloned here and now. A
-    /// segment that cannot be created throws `PathNotFound` when `throwOnMissing` is set, and
-    /// otherwise ends the run quietly.
+    /// `path` is the text that will be parsed, for the message of `PathNotFound`; it need not
+    /// outlive the call. `root`, where the path begins, must outlive the creator. `value` is cloned
+    /// here and now. A segment that cannot be created throws `PathNotFound` when `throwOnMissing`
+    /// is set, and otherwise ends the run quietly. A "*" that finds no array is named there by its
+    /// number, "[18446744073709551615]".
     ElementCreator(const Path& path, Element& root, const Element& value, bool throwOnMissing);
     ElementCreator(const ElementCreator&) = delete;
     ElementCreator& operator=(const ElementCreator&) = delete;
@@ -33,18 +34,18 @@ public:
 
     bool cbObjectProperty(const std::string& key) override;
     bool cbArrayItem(unsigned long index) override;
-    /// Puts the copy of the value in the place of the last segment, unless that existed. After an
-    /// exception the container there is as it was.
+    /// Puts the copy of the value in the place of the last segment, unless that existed. The
+    /// container is asked for its kind anew: one that is none any more throws
+    /// `zo::Tessera::Exception` "Ivalid type!". After an exception the container is as it was.
     void cbFinish() override;
 
-    /// Whether no segment so far was impossible to reach or to create.
+    /// Whether every segment so far exists or can be created; not changed by an exception.
     bool pathExists() const;
     /// The element reached so far: after the run, the one that the path names.
     Element* currentElement() const;
 
 private:
     void createPending();
-    bool refuse(const std::string& segment);
 
     Element* m_current;                // not owned
     std::unique_ptr<Element> m_value;  // null once it is part of the tree

@@ -14,9 +14,9 @@ class Element;
 /// It serves one run of a `PathParser`; `Path::getElement` and its siblings wire the two together.
 class ZO_TESSERA_EXPORT ElementGetter : public PathParserListener {
 public:
-    /// `path` is the text that will be parsed: it is copied for the message of `PathNotFound`.
-    /// `root`, where the path begins, must outlive the getter. A missing segment throws
-    /// `PathNotFound` when `throwOnMissing` is set, and otherwise ends the run quietly.
+    /// `path` is the text that will be parsed, for the message of `PathNotFound`; it need not
+    /// outlive the call. `root`, where the path begins, must outlive the getter. A missing segment
+    /// throws `PathNotFound` when `throwOnMissing` is set, and otherwise ends the run quietly.
     ElementGetter(const Path& path, const Element& root, bool throwOnMissing);
 
     /// Both step to the child that they name. An index "*" throws `ParseException` "Index must be
@@ -26,7 +26,7 @@ public:
     bool cbArrayItem(unsigned long index) override;
     /// @}
 
-    /// Whether every segment so far exists.
+    /// Whether every segment so far exists; not changed by an exception.
     bool pathExists() const;
     /// The element reached so far: the one that lacks the segment, when one is missing.
     const Element* currentElement() const;

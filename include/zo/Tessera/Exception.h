@@ -39,7 +39,7 @@ public:
     Exception* clone() const override;
 
     /// The path of the element concerned, from the top of its tree; null when none was given.
-    /// Lives as long as the exception.
+    /// Good until the exception is assigned to or destroyed.
     const std::string* elementPath() const;
 
 private:
@@ -111,7 +111,8 @@ private:
 class ZO_TESSERA_EXPORT PathNotFound : public Exception {
 public:
     /// `element` is the one that lacks the segment, and may be null; `path` is the whole path text,
-    /// `key` the segment: a key without escapes, or an index such as "[2]".
+    /// `key` the segment: a key without escapes, or an index such as "[2]", where "*" shows as
+    /// "[18446744073709551615]".
     PathNotFound(const Element* element, const std::string& path, const std::string& key,
                  const Exception* cause = nullptr);
     PathNotFound(const PathNotFound&) = default;

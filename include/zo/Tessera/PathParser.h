@@ -20,25 +20,29 @@ public:
     /// An index; `Path::k_noIndex` stands for "*". True goes on, false ends the run without
     /// `cbFinish`, also after the last segment.
     virtual bool cbArrayItem(unsigned long index) = 0;
-    /// The text is at its end. Does nothing unless overridden.
+    /// The text is at its end, and complete: not after an error there. Does nothing unless
+    /// overridden.
     virtual void cbFinish();
     /// The text breaks the syntax. `message` is the whole message, `text` what has been read of the
-    /// key or the index at hand, `position` the place of the offending character counted from 0,
-    /// and `tokenStart` that of the key or the index.
+    /// key or the index at hand, and `tokenStart` the place where that begins, or where the last
+    /// one ended. `position` is the place of the character that shows the error: for "Unreadable
+    /// index" the "]", for "Unexpexced EOF" the length of the text. Places count from 0.
     ///
     /// Unless overridden it throws `ParseException` with the message and the two places as columns
-    /// of line 1. True drops the character and goes on, false ends the run without `cbFinish`.
-    /// After "Unreadable index" an index is reported in either case: one below `Path::k_noIndex`,
-    /// and beyond the end of any array.
+    /// of line 1. True drops the character and goes on, if the text does; false ends the run
+    /// without `cbFinish`. After "Unreadable index" an index is reported in either case: one below
+    /// `Path::k_noIndex`, and beyond the end of any array.
     virtual bool cbParseError(const std::string& message, const std::string& text,
                               unsigned long tokenStart, unsigned long position);
 };
 
 /// Reads a path text character by character (see `Path` for the syntax) and reports its segments
-/// to a listener. Linear in the text; keeps nothing between two runs.
+/// to a listener. Linear in the text, and in the key or index at hand for each error; keeps nothing
+/// between two runs.
 ///
-/// Beware: a byte 0xFF ends the text, unless a backslash stands before it; and a backslash at the
-/// very end adds a byte 0xFF to the key.
+/// Beware: a byte 0xFF ends the text, unless a backslash stands before it. A backslash at the very
+/// end adds a byte 0xFF to the key; in brackets it is an error. The index 2^64-1 is the same as
+/// "*".
 class ZO_TESSERA_EXPORT PathParser {
 public:
     /// Where in the syntax a run is.

@@ -29,8 +29,9 @@ private:
 /// "*" for every index: `meta.schema.properties.list.items` gives `list[*]`. What has been written
 /// when an exception is thrown stays written.
 ///
-/// Each of its exceptions is a `ParseException` without places. Beware: a path that ends too early,
-/// such as `meta` or `meta.schema.properties`, gives the data path so far and raises nothing.
+/// The exceptions below are each a `ParseException` without places. Beware: a path that ends too
+/// early, such as `meta` or `meta.schema.properties`, gives the data path so far and raises
+/// nothing.
 class ZO_TESSERA_EXPORT FromSchemaPathConverter : public PathParserListener {
 public:
     /// `gen` must outlive the converter.
