@@ -114,11 +114,14 @@ TEST_F(ElementGetterSteps, NameTheTextGivenToTheConstructor) {
     }
 }
 
+// All that it tells; a cause would come last.
 std::string whole(const ParseException& exception) {
+    std::string base;
+    exception.Exception::generateWhat(base);
     std::ostringstream out;
     out << exception.what() << ' ' << exception.line() << ' ' << exception.column() << ' '
         << exception.endLine() << ' ' << exception.endColumn()
-        << (exception.elementPath() ? " with a path" : "");
+        << (exception.elementPath() ? " with a path" : "") << base;
     return out.str();
 }
 

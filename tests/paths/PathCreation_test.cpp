@@ -145,6 +145,9 @@ TEST_P(PathRefused, IsNotFound) {
                  << "\". Current element: \"" << static_cast<const void*>(exception.elementPath())
                  << "\"";
             EXPECT_EQ(exception.what(), what.str());
+            std::string base = "replaced";
+            exception.Exception::generateWhat(base);
+            EXPECT_EQ(base, "");  // no cause
         }
         EXPECT_EQ(jsonOf(*place.root), GetParam().after);
     }

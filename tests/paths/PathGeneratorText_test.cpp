@@ -159,6 +159,38 @@ TEST(PathGeneratorTextTarget, BeginsAnewWithEachGenerator) {
     EXPECT_EQ(text, "a.bc[3]");
 }
 
+// As if the key had been copied first.
+TEST(PathGeneratorTextTarget, MayBeTheKeyItself) {
+    std::string text = "a.b";
+    PathGenerator generator(text);
+    generator.genObjectProperty(text);
+    EXPECT_EQ(text, "a.ba\\.b");
+    generator.genObjectProperty(text);
+    EXPECT_EQ(text, "a.ba\\.b.a\\.ba\\\\\\.b");
+}
+
+TEST(PathGeneratorTextTarget, MayHoldTheKeyAsAPart) {
+    std::string text = "ab.cd";
+    PathGenerator generator(text);
+    generator.genObjectProperty(zo::StringRef<char>(text.data() + 1, 3));
+    EXPECT_EQ(text, "ab.cdb\\.c");
+    generator.genObjectProperty(zo::StringRef<char>(text.data() + 4, 5));
+    EXPECT_EQ(text, "ab.cdb\\.c.db\\\\\\.c");
+}
+
+// The text has to grow while the key is read.
+TEST(PathGeneratorTextTarget, MayBeALongKeyItself) {
+    for (const size_t length : {15U, 16U, 1000U}) {
+        std::string text(length, '*');
+        std::string expected = text;
+        for (size_t i = 0; i < length; ++i) {
+            expected += "\\*";
+        }
+        PathGenerator(text).genObjectProperty(text);
+        EXPECT_EQ(text, expected);
+    }
+}
+
 TEST(PathGeneratorTextTarget, CanBeLong) {
     std::string text;
     std::string expected;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <iomanip>
 #include <locale>
 #include <sstream>
 #include <string>
@@ -231,6 +232,32 @@ TEST(PathGeneratorStream, ShowsTheBaseAndLargeLettersWhenAskedTo) {
     out << std::oct << std::noshowbase;
     PathGenerator(out).genListItem(8);
     EXPECT_EQ(out.str(), "[10]");
+}
+
+// As formatted insertion does: the first character written uses the width up.
+TEST(PathGeneratorStream, PadsTheFirstCharacterOfASegmentToTheWidthThatIsSet) {
+    std::ostringstream out;
+    out << std::setfill('_') << std::setw(5);
+    PathGenerator(out).genListItem(7);
+    EXPECT_EQ(out.str(), "____[7]");
+    EXPECT_EQ(out.width(), 0);
+    out.str("");
+    out << std::setw(6);
+    PathGenerator(out).genObjectProperty("x.y");
+    EXPECT_EQ(out.str(), "_____x\\.y");
+    EXPECT_EQ(out.width(), 0);
+}
+
+TEST(PathGeneratorStream, PadsTheDotOrTheBackslashWhenThatComesFirst) {
+    std::ostringstream out;
+    PathGenerator generator(out);
+    out << std::setfill('_') << std::setw(3);
+    generator.genObjectProperty(".");
+    out << std::setw(3);
+    generator.genObjectProperty("a");
+    out << std::setw(3) << std::left;
+    generator.genListItem(Path::k_noIndex);
+    EXPECT_EQ(out.str(), "__\\.__.a[__*]");
 }
 
 TEST(PathGeneratorStream, BeginsAnewWithEachGenerator) {

@@ -12,12 +12,11 @@
 #include <vector>
 
 #include <zo/Tessera/Array.h>
-#include <zo/Tessera/Dom.h>
-#include <zo/Tessera/DomParser.h>
 #include <zo/Tessera/Exception.h>
 #include <zo/Tessera/Object.h>
 
 #include "support/dump.h"
+#include "support/parsed.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -121,20 +120,18 @@ enum class Place { top, member, item };
 class Document : public testing::Test {
 protected:
     void place(Place place) {
-        Dom dom;
-        DomParser().parse(dom, k_document);
-        m_root = dom.root();
+        std::unique_ptr<Element> document = parsed(k_document);
+        m_root = document.get();
         if (place == Place::top) {
-            m_top = dom.takeRoot();
+            m_top = std::move(document);
             return;
         }
         m_top = place == Place::member ? object() : array();
         if (place == Place::member) {
-            m_top->getObjectValue().insert("outer", m_root);
+            m_top->getObjectValue().insert("outer", document.release());
         } else {
-            m_top->getArrayValue().push_back(m_root);
+            m_top->getArrayValue().push_back(document.release());
         }
-        static_cast<void>(dom.takeRoot().release());
     }
 
     std::unique_ptr<Element> m_top;
@@ -318,6 +315,9 @@ TEST_F(PathLookUpOfAnyItem, NamesNoPlaceInTheText) {
             EXPECT_EQ(exception.endLine(), -1);
             EXPECT_EQ(exception.endColumn(), -1);
             EXPECT_EQ(exception.elementPath(), nullptr);
+            std::string base = "replaced";
+            exception.Exception::generateWhat(base);
+            EXPECT_EQ(base, "");  // no cause
         }
     }
 }

@@ -14,6 +14,8 @@
 #include <zo/Tessera/Object.h>
 #include <zo/Tessera/Path.h>
 
+#include "support/HostileLocale.h"
+
 using namespace zo::Tessera;
 
 namespace {
@@ -228,6 +230,23 @@ TYPED_TEST(NotFound, IsUnchangedWhenAssignedToItself) {
     EXPECT_EQ(base, "Caused by: the cause");
 }
 
+// The key is the one that a look-up writes; neither its index nor the address is grouped.
+TYPED_TEST(NotFound, SaysTheSameUnderAnyLocale) {
+    std::optional<TypeParam> exception;
+    std::string text;
+    {
+        const HostileLocale locale;
+        try {
+            Path::getElement("[1234567]", *this->m_list);
+            ADD_FAILURE();
+        } catch (const PathNotFound& missing) {
+            exception.emplace(make<TypeParam>(this->m_item, missing.key()));
+        }
+        exception->generateWhat(text);
+    }
+    EXPECT_EQ(text, said<TypeParam>("[1234567]") + addressPart(*exception));
+}
+
 // Which handler takes it when the application throws it.
 TYPED_TEST(NotFound, IsCaughtByEachOfItsBases) {
     const auto raise = [this] { throw make<TypeParam>(this->m_item, "b"); };
@@ -278,6 +297,23 @@ TEST(PathNotFoundFromTheLibrary, ArrivesWhole) {
     std::string base;
     exception->Exception::generateWhat(base);
     EXPECT_EQ(base, "");  // no cause
+}
+
+TEST(PathNotFoundFromTheLibrary, ArrivesTheSameUnderAnyLocale) {
+    const Object root;
+    std::optional<PathNotFound> caught;
+    std::string text;
+    {
+        const HostileLocale locale;
+        try {
+            Path::getElement("[1234567]", root);
+            ADD_FAILURE();
+        } catch (const PathNotFound& exception) {
+            caught.emplace(exception);
+        }
+        caught->generateWhat(text);
+    }
+    EXPECT_EQ(text, "Path \"[1234567]\" not found! Key \"[1234567]\"." + addressPart(*caught));
 }
 
 template <class Handler>

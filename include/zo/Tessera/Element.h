@@ -245,7 +245,9 @@ public:
 
     /// \name Reaching, testing and changing by path
     /// Paths begin at this element; see `Path` for their syntax, what a look-up costs and the
-    /// `ParseException` of a text that breaks it. References and pointers live as `at`'s do.
+    /// `ParseException` of a text that breaks it. References and pointers live as `at`'s do. An
+    /// empty `std::unique_ptr` throws `zo::Tessera::Exception` "Null pointer exception: element may
+    /// not be null".
     /// @{
 
     /// The element at `path`; `PathNotFound` when there is none. The empty path gives this element.
@@ -257,7 +259,8 @@ public:
     /// Makes the element at `path` hold the value of `element`, and returns it. What is missing on
     /// the way is created, as `Path::tryCreateElement` does, which throws where that cannot be.
     /// The value is copied as `realAssign` does: into an element of another kind throws
-    /// `TypeException<EType>`, and a null changes nothing that exists.
+    /// `TypeException<EType>`, and a null changes nothing that exists. Out of memory a container
+    /// holds what its `assign` leaves.
     Element& tryUpdate(const Path& path, const Element& element);
     Element& tryUpdate(const Path& path, const std::unique_ptr<Element>& element);
     /// Puts a deep copy of `element`, or the element itself, into this object as `Object::insert`
