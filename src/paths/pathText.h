@@ -93,10 +93,12 @@ public:
             return 0;
         }
         const char* const begin = m_next;
-        while (m_next != m_end && isPlain(pathCharacter(*m_next))) {
-            ++m_next;
+        const char* next = begin;
+        while (next != m_end && isPlain(pathCharacter(*next))) {
+            ++next;
         }
-        const auto length = static_cast<size_t>(m_next - begin);
+        m_next = next;
+        const auto length = static_cast<size_t>(next - begin);
         key.append(begin - 1, length + 1);
         return length;
     }
