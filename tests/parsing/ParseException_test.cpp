@@ -12,6 +12,7 @@
 #include <zo/Tessera/Object.h>
 
 #include "support/HostileLocale.h"
+#include "support/exceptionText.h"
 #include "support/thrown.h"
 
 namespace {
@@ -25,20 +26,6 @@ static_assert(std::is_base_of_v<Exception, ParseException>);
 static_assert(std::is_base_of_v<zo::Exception, ParseException>);
 static_assert(std::is_copy_constructible_v<ParseException>);
 static_assert(std::is_copy_assignable_v<ParseException>);
-
-std::string textOf(const zo::Exception& exception) {
-    std::string text = "replaced";
-    exception.generateWhat(text);
-    EXPECT_STREQ(exception.what(), text.c_str());
-    return text;
-}
-
-/// The text's last part: the address of the stored path, as callers have always seen it.
-std::string addressPart(const Exception& exception) {
-    std::ostringstream out;
-    out << " Current element: \"" << static_cast<const void*>(exception.elementPath()) << '"';
-    return out.str();
-}
 
 std::string fieldsOf(const ParseException& exception) {
     std::ostringstream out;

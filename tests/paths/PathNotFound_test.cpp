@@ -4,7 +4,6 @@
 
 #include <memory>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <type_traits>
 #include <typeinfo>
@@ -15,24 +14,11 @@
 #include <zo/Tessera/Path.h>
 
 #include "support/HostileLocale.h"
+#include "support/exceptionText.h"
 
 using namespace zo::Tessera;
 
 namespace {
-
-std::string textOf(const zo::Exception& exception) {
-    std::string text = "replaced";
-    exception.generateWhat(text);
-    EXPECT_STREQ(exception.what(), text.c_str());
-    return text;
-}
-
-// The text's last part: the address of the stored path, as callers have always seen it.
-std::string addressPart(const Exception& exception) {
-    std::ostringstream out;
-    out << " Current element: \"" << static_cast<const void*>(exception.elementPath()) << '"';
-    return out.str();
-}
 
 // What each of the two classes makes of the same key, and says without an element.
 template <class Class>
