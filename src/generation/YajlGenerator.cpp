@@ -30,29 +30,29 @@ void YajlGenerator::setBeautify(bool beautify) {
 }
 
 int YajlGenerator::null() {
-    return yajl_gen_null(current());
+    return send(yajl_gen_null);
 }
 
 int YajlGenerator::boolean(bool value) {
-    return yajl_gen_bool(current(), value ? 1 : 0);
+    return send(yajl_gen_bool, value ? 1 : 0);
 }
 
 int YajlGenerator::integer(long long value) {
-    return yajl_gen_integer(current(), value);
+    return send(yajl_gen_integer, value);
 }
 
 int YajlGenerator::real(double value) {
     const ClassicCLocaleScope classic;
-    return yajl_gen_double(current(), value);
+    return send(yajl_gen_double, value);
 }
 
 int YajlGenerator::number(const std::string& text) {
-    return yajl_gen_number(current(), text.data(), text.size());
+    return send(yajl_gen_number, text.data(), text.size());
 }
 
 int YajlGenerator::string(const std::string& text) {
     const auto* const bytes = reinterpret_cast<const unsigned char*>(text.data());
-    return yajl_gen_string(current(), bytes, text.size());
+    return send(yajl_gen_string, bytes, text.size());
 }
 
 int YajlGenerator::openMap() {
@@ -87,9 +87,11 @@ YajlGenerator::Text YajlGenerator::textOf(const Level& level) {
     return {reinterpret_cast<const char*>(bytes), length};
 }
 
-YajlGenerator::Level YajlGenerator::makeLevel() const {
+YajlGenerator::Level YajlGenerator::makeLevel() {
+    const yajl_alloc_funcs memory = {BlockPool::allocate, BlockPool::reallocate, BlockPool::release,
+                                     &m_memory};
     Level level;
-    level.handle.reset(yajl_gen_alloc(nullptr));
+    level.handle.reset(yajl_gen_alloc(&memory));
     if (!level.handle) {
         throw std::bad_alloc();
     }
@@ -102,11 +104,31 @@ void YajlGenerator::configure(const Level& level) const {
     yajl_gen_config(level.handle.get(), yajl_gen_beautify, m_beautify ? 1 : 0);
 }
 
+/// Hands an event to the current handle. Where that runs out of memory in the middle of it, its
+/// state is not known any more.
+template <class... Arguments>
+yajl_gen_status YajlGenerator::send(yajl_gen_status (*event)(yajl_gen, Arguments...),
+                                    Arguments... arguments) {
+    try {
+        return event(current(), arguments...);
+    } catch (...) {
+        startAnew();
+        throw;
+    }
+}
+
+void YajlGenerator::startAnew() noexcept {
+    m_levels.erase(m_levels.begin() + 1, m_levels.end());
+    m_levels.front().depth = 0;
+    yajl_gen_reset(current(), nullptr);
+    clear();
+}
+
 int YajlGenerator::open(ContainerEvent event) {
     if (m_levels.back().depth == k_levelsPerHandle) {
         return openInFurtherHandle(event);
     }
-    const yajl_gen_status status = event(current());
+    const yajl_gen_status status = send(event);
     if (status == yajl_gen_status_ok) {
         ++m_levels.back().depth;
     }
@@ -116,10 +138,12 @@ int YajlGenerator::open(ContainerEvent event) {
 int YajlGenerator::openInFurtherHandle(ContainerEvent event) {
     // All that can fail comes first.
     Level further = makeLevel();
-    m_levels.reserve(m_levels.size() + 1);
+    if (m_levels.size() == m_levels.capacity()) {
+        m_levels.reserve(2 * m_levels.size());
+    }
     reserveRoomToFinish();
     // A number without text stands for the container: it writes what belongs before a value.
-    const yajl_gen_status status = yajl_gen_number(current(), "", 0);
+    const int status = number(std::string());
     if (status != yajl_gen_status_ok) {
         return status;
     }
@@ -137,7 +161,7 @@ int YajlGenerator::close(ContainerEvent event) {
     if (ofFurtherHandle) {
         reserveRoomToFinish();
     }
-    const yajl_gen_status status = event(current());
+    const yajl_gen_status status = send(event);
     if (status != yajl_gen_status_ok) {
         return status;
     }

@@ -10,6 +10,8 @@
 
 #include <zo/Tessera/BasicNumber.h>
 
+#include "support/BlockPool.h"
+
 namespace zo::Tessera {
 
 /// yajl's generator at any depth.
@@ -20,7 +22,8 @@ namespace zo::Tessera {
 /// end, and each container that is too deep for the current handle gets a further one. The text of
 /// a part does not depend on its depth, for nothing is indented.
 ///
-/// Every event returns yajl's status of it.
+/// Every event returns yajl's status of it. Out of memory it throws `std::bad_alloc`, and has
+/// either not happened or left the generator as new, its text lost.
 class YajlGenerator {
 public:
     /// `indent` is not copied and must outlive the generator.
@@ -69,9 +72,12 @@ private:
     using ContainerEvent = yajl_gen_status (*)(yajl_gen);
 
     static Text textOf(const Level& level);
-    Level makeLevel() const;
+    Level makeLevel();
     void configure(const Level& level) const;
     yajl_gen current() const { return m_levels.back().handle.get(); }
+    template <class... Arguments>
+    yajl_gen_status send(yajl_gen_status (*event)(yajl_gen, Arguments...), Arguments... arguments);
+    void startAnew() noexcept;
     int open(ContainerEvent event);
     int openInFurtherHandle(ContainerEvent event);
     int close(ContainerEvent event);
@@ -80,6 +86,7 @@ private:
 
     const char* m_indent;
     bool m_beautify = false;
+    BlockPool m_memory;
     std::vector<Level> m_levels;  // from the outermost inward, never empty
     std::string m_finished;       // what comes before the current handle's text
 };

@@ -40,12 +40,52 @@ std::string brackets(size_t depth) {
     return std::string(depth, '[') + std::string(depth, ']');
 }
 
-TEST(OutOfMemory, LeavesTheGeneratorAsItWasWhenItOpensAFurtherHandle) {
-    const long failures = failEachAllocation(
-        [] { return std::make_unique<Opened>(k_depth); },
-        [](auto& opened) { opened->generator.gen_array_open(); },
-        [](auto& opened) { EXPECT_EQ(opened->closed(k_depth), brackets(k_depth)); });
+/// Whether a single value can be written, and is all there is.
+bool isAsNew(Opened& opened) {
+    return opened.generator.gen_null() == 0 && opened.closed(0) == "null";
+}
+
+TEST(OutOfMemory, LeavesTheGeneratorAsItWasOrAsNewWhenItOpensAFurtherHandle) {
+    long asNew = 0;
+    const long failures =
+        failEachAllocation([] { return std::make_unique<Opened>(k_depth); },
+                           [](auto& opened) { opened->generator.gen_array_open(); },
+                           [&](auto& opened) {
+                               if (opened->generator.gen_array_close() == 0) {
+                                   EXPECT_EQ(opened->closed(k_depth - 1), brackets(k_depth));
+                               } else {
+                                   EXPECT_TRUE(isAsNew(*opened));
+                                   ++asNew;
+                               }
+                           });
+    EXPECT_GT(failures, asNew);
+}
+
+// An event that yajl was not able to finish leaves yajl's count of open containers unknown.
+TEST(OutOfMemory, LeavesTheGeneratorAsNewWhenAnEventIsCutShort) {
+    const std::string longText(100000, 'x');
+    const long failures =
+        failEachAllocation([] { return std::make_unique<Opened>(300); },
+                           [&](auto& opened) { opened->generator.gen_string(longText); },
+                           [&](auto& opened) { EXPECT_TRUE(isAsNew(*opened)); });
     EXPECT_GT(failures, 0);
+}
+
+TEST(OutOfMemory, LetsADeeperDocumentBeWrittenByTheSameGenerator) {
+    const long failures = failEachAllocation([] { return std::make_unique<Opened>(0); },
+                                             [](auto& opened) {
+                                                 for (int i = 0; i < 2000; ++i) {
+                                                     opened->generator.gen_array_open();
+                                                 }
+                                             },
+                                             [](auto& opened) {
+                                                 while (opened->generator.gen_array_close() == 0) {
+                                                 }
+                                                 opened->generator.flush();
+                                                 Opened another(300);
+                                                 EXPECT_EQ(another.closed(300), brackets(300));
+                                             });
+    EXPECT_GT(failures, 15);
 }
 
 TEST(OutOfMemory, LeavesTheGeneratorAsItWasWhenItClosesAFurtherHandle) {

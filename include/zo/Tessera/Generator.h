@@ -26,6 +26,10 @@ class Object;
 /// top-level value, a NaN or an infinity). No status throws. Beware: printing goes on after a
 /// refused event. Where a key must come, the members of a refused object go to the enclosing one,
 /// and its end closes that one.
+///
+/// When memory runs out, `std::bad_alloc` is thrown. A single event has then not happened, or the
+/// text gathered since the last `flush` is lost and the generator is as new. Of a whole value its
+/// first events may have happened, and their text is kept or lost in the same way.
 class ZO_TESSERA_EXPORT Generator {
 public:
     /// `out` may be null; otherwise it is not owned and must outlive the last `flush`. Line breaks
