@@ -3,12 +3,14 @@
 #include <yajl/yajl_parse.h>
 
 #include <istream>
+#include <limits>
 #include <list>
 #include <new>
 
 #include <zo/Tessera/Exception.h>
 
 #include "parsing/TokeniserLocale.h"
+#include "support/BlockPool.h"
 
 namespace zo::Tessera {
 
@@ -16,6 +18,14 @@ namespace {
 
 // Observable: the tokeniser's messages show the text around an error within one piece.
 constexpr std::streamsize k_pieceLength = 255;
+
+// The tokeniser starts a token again whenever a piece ends within it. Pieces of a token that is
+// longer than this are put together, lest it cost the square of its length.
+constexpr size_t k_longToken = 4096;
+
+// Where the tokeniser converts numbers, it takes their lengths for an `unsigned int`. Half of that,
+// for how much of a piece stands behind its last event is not known.
+constexpr size_t k_longestConvertible = std::numeric_limits<unsigned int>::max() / 2;
 
 struct HandleDeleter {
     void operator()(yajl_handle handle) const { yajl_free(handle); }
@@ -36,9 +46,27 @@ const char* asText(const unsigned char* bytes) {
     return reinterpret_cast<const char*>(bytes);
 }
 
+/// Replaces `text` by the stream's next pieces, as many as make up `amount` or as there are, and
+/// tells whether there was one.
+bool readPieces(std::istream& in, size_t amount, std::string& text) {
+    text.clear();
+    // First, for what was read could not be put back.
+    text.reserve(amount + k_pieceLength);
+    while (text.size() < amount && in.good()) {
+        char piece[k_pieceLength];
+        const std::streamsize length = in.readsome(piece, k_pieceLength);
+        if (length < 1) {
+            break;
+        }
+        text.append(piece, static_cast<size_t>(length));
+    }
+    return !text.empty();
+}
+
 }  // namespace
 
 struct CallbackParser::Private {
+    BlockPool m_memory;
     Handle m_handle;
     yajl_status m_status = yajl_status_ok;
     yajl_callbacks m_callbacks = {};
@@ -46,11 +74,26 @@ struct CallbackParser::Private {
     // handle that they came from.
     std::list<ErrorText> m_acceptedErrors;
     TokeniserLocale m_locale;
+    size_t m_silence = 0;  // the bytes of the pieces since the last event
+
+    bool converts() const { return m_callbacks.yajl_double != nullptr; }
 
     void prepareConversion() {
-        if (m_callbacks.yajl_double != nullptr) {
+        if (converts()) {
             m_locale.enterClassic();
         }
+    }
+
+    void checkConvertible(size_t length) const {
+        const size_t bound = k_longestConvertible;
+        if (converts() && (length > bound || m_silence > bound - length)) {
+            throw Exception("Text too long for numbers to be converted!");
+        }
+    }
+
+    /// How much text to read before the tokeniser gets it, but for the end of a stream.
+    size_t amountAtOnce() const {
+        return m_status == yajl_status_ok && m_silence >= k_longToken ? m_silence : 1;
     }
 };
 
@@ -63,7 +106,9 @@ bool CallbackParserListener::use_number_callback() {
 CallbackParser::CallbackParser(CallbackParserListener* listener)
     : m_listener(listener), m_private(std::make_unique<Private>()) {
     setCallbacks();
-    m_private->m_handle.reset(yajl_alloc(&m_private->m_callbacks, nullptr, this));
+    yajl_alloc_funcs memory = {BlockPool::allocate, BlockPool::reallocate, BlockPool::release,
+                               &m_private->m_memory};
+    m_private->m_handle.reset(yajl_alloc(&m_private->m_callbacks, &memory, this));
     if (!m_private->m_handle) {
         throw std::bad_alloc();
     }
@@ -90,13 +135,9 @@ void CallbackParser::setCallbacks() {
 }
 
 std::istream& CallbackParser::parse(std::istream& in) {
-    char piece[k_pieceLength];
-    while (in.good()) {
-        const std::streamsize length = in.readsome(piece, k_pieceLength);
-        if (length < 1) {
-            break;
-        }
-        parse(piece, static_cast<size_t>(length));
+    std::string text;
+    while (readPieces(in, m_private->amountAtOnce(), text)) {
+        parse(text);
     }
     return in;
 }
@@ -139,8 +180,13 @@ CallbackParserListener& CallbackParser::listener() const {
 
 /// Parses a piece and returns yajl's status.
 int CallbackParser::tokenise(const unsigned char* data, size_t length) {
+    if (m_private->m_memory.failed()) {
+        throw std::bad_alloc();
+    }
+    m_private->checkConvertible(length);
     const WhileTokenising scope(m_private->m_locale);
     m_private->prepareConversion();
+    m_private->m_silence += length;
     return yajl_parse(m_private->m_handle.get(), data, length);
 }
 
@@ -148,6 +194,7 @@ int CallbackParser::tokenise(const unsigned char* data, size_t length) {
 template <class Event>
 int CallbackParser::tell(void* context, const Event& event) {
     const CallbackParser& parser = *static_cast<CallbackParser*>(context);
+    parser.m_private->m_silence = 0;
     int answer = 0;
     {
         const WhileListening scope(parser.m_private->m_locale);

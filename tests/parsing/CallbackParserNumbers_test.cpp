@@ -6,8 +6,11 @@
 
 #include <gtest/gtest.h>
 
+#include <zo/Tessera/Exception.h>
+
 #include "support/EventLog.h"
 #include "support/HostileLocale.h"
+#include "support/thrown.h"
 
 namespace {
 
@@ -169,6 +172,32 @@ TEST(SetCallbacks, TakesUpTheListenersNewAnswer) {
     EXPECT_EQ(log.events, "start_array;number 1;number 2;number 6;end_array;");
     EXPECT_EQ(log.integers, std::vector<long long>{3});
     EXPECT_EQ(log.doubles, std::vector<double>{4.5});
+}
+
+// The tokeniser would cut the length of a number off at 4 GiB. The text itself is not looked at.
+TEST(ConvertedNumbers, AreRefusedInAPieceThatIsTooLong) {
+    Numbers log(false);
+    CallbackParser parser(&log);
+    const std::string text = "[1,";
+    EXPECT_EQ(thrown<zo::Tessera::Exception>([&] { parser.parse(text.data(), size_t{1} << 31); }),
+              "Text too long for numbers to be converted!");
+    EXPECT_EQ(log.events, "");
+    EXPECT_EQ(parser.state(), 0);
+    EXPECT_EQ(parser.parse(text), 0);
+    EXPECT_EQ(log.events, "start_array;");
+    EXPECT_EQ(log.integers, std::vector<long long>{1});
+}
+
+TEST(ConvertedNumbers, AreRefusedInAPieceThatAddsUpWithTheLastOnes) {
+    Numbers log(false);
+    CallbackParser parser(&log);
+    const size_t most = (size_t{1} << 31) - 1;
+    parser.parse("["s);
+    parser.parse("   "s);
+    EXPECT_EQ(thrown<zo::Tessera::Exception>([&] { parser.parse("   ", most - 2); }),
+              "Text too long for numbers to be converted!");
+    EXPECT_EQ(parser.parse("]"s), 0);
+    EXPECT_EQ(log.events, "start_array;end_array;");
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <zo/Tessera/CallbackParser.h>
 #include <zo/Tessera/Generator.h>
 
-#include <dlfcn.h>
 #include <yajl/yajl_gen.h>
 #include <yajl/yajl_parse.h>
 
@@ -15,14 +14,11 @@
 #include <zo/Tessera/Dom.h>
 #include <zo/Tessera/DomParser.h>
 
+#include "support/realYajl.h"
+
 namespace {
 
 bool s_giveNone = false;
-
-template <class Function>
-Function realOne(const char* name) {
-    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
-}
 
 struct GiveNone {
     GiveNone() { s_giveNone = true; }
@@ -36,11 +32,11 @@ struct GiveNone {
 yajl_handle yajl_alloc(const yajl_callbacks* callbacks, yajl_alloc_funcs* functions,
                        void* context) {
     return s_giveNone ? nullptr
-                      : realOne<decltype(&yajl_alloc)>("yajl_alloc")(callbacks, functions, context);
+                      : realYajl(&yajl_alloc, "yajl_alloc")(callbacks, functions, context);
 }
 
 yajl_gen yajl_gen_alloc(const yajl_alloc_funcs* functions) {
-    return s_giveNone ? nullptr : realOne<decltype(&yajl_gen_alloc)>("yajl_gen_alloc")(functions);
+    return s_giveNone ? nullptr : realYajl(&yajl_gen_alloc, "yajl_gen_alloc")(functions);
 }
 
 using namespace zo::Tessera;

@@ -59,12 +59,21 @@ public:
     void setCallbacks();
 
     /// Reads what the stream has at hand, in pieces of at most 255 characters, and returns it. A
-    /// stream that is not good yields no events. Beware: it stops when no character is at hand at
-    /// once (`readsome`); `std::cin` hands over none while it is tied to stdio.
+    /// stream that is not good yields no events. Each piece is parsed at once; but when 4 KiB have
+    /// brought no event, pieces are put together to ever larger ones until one comes, so that the
+    /// time stays in proportion to the text. Beware: it stops when no character is at hand at once
+    /// (`readsome`); `std::cin` hands over none while it is tied to stdio.
     std::istream& parse(std::istream& in);
     /// Parses the next piece of the document and returns 0. Malformed text goes to `cb_error`: its
     /// non-zero answer is returned, otherwise `zo::Tessera::Exception` is thrown with the parser's
-    /// message. What the listener throws passes through.
+    /// message. What the listener throws passes through. When memory runs out, `std::bad_alloc` is
+    /// thrown, and if it was the tokeniser's, by each further call too.
+    ///
+    /// The time is in proportion to the text when it comes in one piece. In many, each one that
+    /// ends within a string, a number or a comment has that read again from its beginning.
+    /// With converted numbers (see `use_number_callback`), 2 GiB or more without an event throw
+    /// `zo::Tessera::Exception` "Text too long for numbers to be converted!", and so does a piece
+    /// of that length.
     /// @{
     int parse(const char* data, size_t length);
     int parse(const std::string& text);
