@@ -19,12 +19,28 @@ function(tessera_configure_target target)
     endif()
 endfunction()
 
+# What makes a fault harder to exploit. An optimised build also has the C library check the bounds
+# that the compiler knows, which a sanitizer does by itself; a debug build those of the containers.
+function(tessera_harden target)
+    target_compile_options(${target} PRIVATE -fstack-protector-strong)
+    target_compile_definitions(${target} PRIVATE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
+    if(NOT TESSERA_SANITIZERS)
+        set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+        target_compile_options(${target} PRIVATE
+            $<${optimised}:-U_FORTIFY_SOURCE> $<${optimised}:-D_FORTIFY_SOURCE=3>)
+        target_link_options(${target} PRIVATE LINKER:-z,relro,-z,now,-z,noexecstack)
+    endif()
+endfunction()
+
 # A library whose version and SONAME follow the project's.
 function(tessera_add_library target)
     add_library(${target} ${ARGN})
     tessera_configure_target(${target})
     # The library's calls of its own functions are not replaceable from outside, and may be inlined.
     target_compile_options(${target} PRIVATE -fno-semantic-interposition)
+    if(TESSERA_HARDENING)
+        tessera_harden(${target})
+    endif()
     set_target_properties(${target} PROPERTIES
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR})
