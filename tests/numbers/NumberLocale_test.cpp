@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <locale>
 #include <sstream>
 #include <string>
 
@@ -51,6 +52,21 @@ TEST_F(NumberInAHostileLocale, IntegerTextIsReadWithoutGroups) {
     EXPECT_EQ(numberOf("1234567").toInt(), 1234567);
     EXPECT_EQ(numberOf("-1234567").toInt(), -1234567);
     EXPECT_EQ(numberOf("9999999999999999999").toULongLong(), 9999999999999999999ULL);
+}
+
+class CommaGroups : public std::numpunct<char> {
+    char do_thousands_sep() const override { return ','; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+// A double's text has a point in it; an integer's could pass for one in groups.
+TEST_F(NumberInAHostileLocale, ACommaEndsAnIntegerThatTheLocaleWouldGroup) {
+    const std::locale former = std::locale::global(std::locale(std::locale(), new CommaGroups));
+    const int narrow = numberOf("1,234").toInt();
+    const int spaced = numberOf(" 1,234").toInt();
+    std::locale::global(former);
+    EXPECT_EQ(narrow, 1);
+    EXPECT_EQ(spaced, 1);
 }
 
 TEST_F(NumberInAHostileLocale, TextIsMadeWithoutGroupsAndWithAPoint) {

@@ -14,6 +14,7 @@
 #include <zo/Tessera/TBasicElement.h>
 
 #include "support/dump.h"
+#include "support/exceptionText.h"
 #include "support/parsed.h"
 #include "support/thrown.h"
 
@@ -227,10 +228,8 @@ TEST_F(ElementCreatorSteps, NameTheTextGivenToTheConstructor) {
     } catch (const PathNotFound& exception) {
         EXPECT_EQ(exception.path(), "another [text");
         EXPECT_EQ(exception.key(), "[7]");
-        std::ostringstream what;
-        what << "Path \"another [text\" not found! Key \"[7]\". Current element: \""
-             << static_cast<const void*>(exception.elementPath()) << "\"";
-        EXPECT_EQ(exception.what(), what.str());
+        EXPECT_EQ(exception.what(),
+                  "Path \"another [text\" not found! Key \"[7]\"." + addressPart(exception));
     }
 }
 

@@ -15,6 +15,7 @@
 #include <zo/Tessera/Object.h>
 
 #include "support/dump.h"
+#include "support/exceptionText.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -196,11 +197,8 @@ TEST_P(ElementGetterRuns, ThrowWhatIsMissing) {
         EXPECT_EQ(exception.key(), GetParam().missing);
         ASSERT_NE(exception.elementPath(), nullptr);
         EXPECT_EQ(*exception.elementPath(), GetParam().reached);
-        std::ostringstream what;
-        what << "Path \"" << text << "\" not found! Key \"" << GetParam().missing
-             << "\". Current element: \"" << static_cast<const void*>(exception.elementPath())
-             << "\"";
-        EXPECT_EQ(exception.what(), what.str());
+        EXPECT_EQ(exception.what(), "Path \"" + text + "\" not found! Key \"" + GetParam().missing +
+                                        "\"." + addressPart(exception));
     }
     EXPECT_TRUE(getter.pathExists());
     EXPECT_EQ(getter.currentElement()->path(nullptr), GetParam().reached);

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <sstream>
 #include <string>
 #include <type_traits>
 #include <typeinfo>
@@ -16,6 +15,7 @@
 #include <zo/Tessera/TBasicElement.h>
 
 #include "support/dump.h"
+#include "support/exceptionText.h"
 #include "support/parsed.h"
 #include "support/thrown.h"
 
@@ -140,11 +140,8 @@ TEST_P(PathRefused, IsNotFound) {
             EXPECT_EQ(exception.key(), GetParam().key);
             ASSERT_NE(exception.elementPath(), nullptr);
             EXPECT_EQ(*exception.elementPath(), place.pathOf(GetParam().at));
-            std::ostringstream what;
-            what << "Path \"" << GetParam().path << "\" not found! Key \"" << GetParam().key
-                 << "\". Current element: \"" << static_cast<const void*>(exception.elementPath())
-                 << "\"";
-            EXPECT_EQ(exception.what(), what.str());
+            EXPECT_EQ(exception.what(), "Path \"" + exception.path() + "\" not found! Key \"" +
+                                            exception.key() + "\"." + addressPart(exception));
             std::string base = "replaced";
             exception.Exception::generateWhat(base);
             EXPECT_EQ(base, "");  // no cause

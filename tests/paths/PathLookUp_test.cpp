@@ -4,7 +4,6 @@
 
 #include <functional>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -16,6 +15,7 @@
 #include <zo/Tessera/Object.h>
 
 #include "support/dump.h"
+#include "support/exceptionText.h"
 #include "support/parsed.h"
 #include "support/thrown.h"
 
@@ -93,10 +93,8 @@ void expectNotFound(const Path& path, Root& root, const std::string& key, const 
         EXPECT_EQ(exception.key(), key);
         ASSERT_NE(exception.elementPath(), nullptr);
         EXPECT_EQ(*exception.elementPath(), at);
-        std::ostringstream what;
-        what << "Path \"" << path << "\" not found! Key \"" << key << "\". Current element: \""
-             << static_cast<const void*>(exception.elementPath()) << "\"";
-        EXPECT_EQ(exception.what(), what.str());
+        EXPECT_EQ(exception.what(),
+                  "Path \"" + path + "\" not found! Key \"" + key + "\"." + addressPart(exception));
     }
 }
 

@@ -7,7 +7,6 @@
 #include <iterator>
 #include <memory>
 #include <random>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -15,6 +14,7 @@
 #include <zo/Tessera/Exception.h>
 #include <zo/Tessera/Object.h>
 
+#include "support/classicText.h"
 #include "support/parsed.h"
 
 using namespace zo::Tessera;
@@ -157,11 +157,9 @@ std::string readBack(const Element& element, const Element* ancestor) {
         const Element& found = from.get(element.path(ancestor));
         return &found == &element ? "itself" : "reaches " + found.path(nullptr);
     } catch (const PathNotFound& exception) {
-        std::ostringstream address;
-        address << exception.elementPath();
+        const std::string address = classicText(exception.elementPath());
         std::string text = exception.what();
-        const size_t at = text.find(address.str());
-        return text.replace(at, address.str().size(), *exception.elementPath());
+        return text.replace(text.find(address), address.size(), *exception.elementPath());
     } catch (const ParseException& exception) {
         return exception.what();
     }

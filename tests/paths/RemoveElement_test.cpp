@@ -4,7 +4,6 @@
 
 #include <iterator>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -15,6 +14,7 @@
 #include <zo/Tessera/Object.h>
 
 #include "paths/RemoveForms.h"
+#include "support/classicText.h"
 #include "support/dump.h"
 #include "support/parsed.h"
 #include "support/thrown.h"
@@ -196,17 +196,16 @@ TEST_P(RemoveElement, ThrowsWhereThereIsNoArrayAndChangesNothing) {
     const Owner root = parsed(R"({"a": [1], "n": null, "s": "x"})");
     const std::string before = dump(*root);
     const Owner pattern = value(1);
-    std::ostringstream address;
+    std::string address;
     const std::string text = thrown<PathNotFound>([&] {
         try {
             remove(*root, pattern, "", "a[1]");
         } catch (const PathNotFound& exception) {
-            address << exception.elementPath();
+            address = classicText(exception.elementPath());
             throw;
         }
     });
-    EXPECT_EQ(text,
-              "Path \"a[1]\" not found! Key \"[1]\". Current element: \"" + address.str() + "\"");
+    EXPECT_EQ(text, "Path \"a[1]\" not found! Key \"[1]\". Current element: \"" + address + "\"");
     EXPECT_EQ(thrown<ParseException>([&] { remove(*root, pattern, "", "a[*]"); }),
               "Index must be set!");
     EXPECT_EQ(thrown<ParseException>([&] { remove(*root, pattern, "", "a["); }),

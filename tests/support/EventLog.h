@@ -6,6 +6,8 @@
 
 #include <zo/Tessera/CallbackParser.h>
 
+#include "support/classicText.h"
+
 /// Writes the events of a JSON text down, each followed by ';', for example
 /// `start_map;key a;number 1.50;end_map;`. `atEvent`, when set, is called at each event and gives
 /// its answer, or throws.
@@ -33,7 +35,7 @@ public:
         return errorAnswer;
     }
     int cb_integer(long long value) override { return note("integer " + std::to_string(value)); }
-    int cb_double(double value) override { return note("double " + std::to_string(value)); }
+    int cb_double(double value) override { return note(classicText("double ", std::fixed, value)); }
     bool use_number_callback() override { return m_numbersAsText; }
 
     std::string events;

@@ -3,10 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 
 #include <zo/Tessera/Exception.h>
+
+#include "support/classicText.h"
 
 /// The whole text, which replaces what stood in the string; `what()` is checked to agree.
 inline std::string textOf(const zo::Exception& exception) {
@@ -18,9 +19,8 @@ inline std::string textOf(const zo::Exception& exception) {
 
 /// A text's last part: the address of the stored path, as callers have always seen it.
 inline std::string addressPart(const zo::Tessera::Exception& exception) {
-    std::ostringstream out;
-    out << " Current element: \"" << static_cast<const void*>(exception.elementPath()) << '"';
-    return out.str();
+    return classicText(" Current element: \"", static_cast<const void*>(exception.elementPath()),
+                       '"');
 }
 
 #endif

@@ -12,6 +12,7 @@
 
 #include "BareElement.h"
 #include "support/NumberOf.h"
+#include "support/classicText.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -46,8 +47,8 @@ Row makeRow(const char* name, const char* accepted, const char* converted, const
         converted,
         refused,
         message,
-        [](Element& e) { return std::to_string(e.operator T()); },
-        [](const Element& e) { return std::to_string(e.operator T()); },
+        [](Element& e) { return classicText(+e.operator T()); },
+        [](const Element& e) { return classicText(+e.operator T()); },
         [](Element& e) { return thrown<ValueOutOfRange<BasicNumber, T>>([&] { e.operator T(); }); },
         [](const Element& e) {
             return thrown<ValueOutOfRange<BasicNumber, T>>([&] { e.operator T(); });
@@ -106,9 +107,9 @@ INSTANTIATE_TEST_SUITE_P(
         makeRow<unsigned long long>(
             "UnsignedLongLong", "1000000000000", "1000000000000", "-1",
             "Value out of range! Value: -1 Min: 0 Max: 18446744073709551615"),
-        makeRow<double>("Double", "2.5", "2.500000", "-1",
+        makeRow<double>("Double", "2.5", "2.5", "-1",
                         "Value out of range! Value: -1 Min: 2.22507e-308 Max: 1.79769e+308"),
-        makeRow<float>("Float", "2.5", "2.500000", "-1",
+        makeRow<float>("Float", "2.5", "2.5", "-1",
                        "Value out of range! Value: -1 Min: 1.17549e-38 Max: 3.40282e+38")),
     [](const auto& row) { return std::string(row.param.name); });
 
