@@ -1,6 +1,8 @@
 #include <zo/Tessera/Exception.h>
 
 #include <sstream>
+#include <tuple>
+#include <type_traits>
 #include <utility>
 
 #include "support/classicLocale.h"
@@ -21,6 +23,17 @@ PathText copyOf(const PathText& path) {
 
 std::ostream& operator<<(std::ostream& out, const BasicNumber& number) {
     return number.writeAt(out);
+}
+
+/// Assigns what `Derived` adds to `Exception`, given as its fields, and the base. What can fail
+/// comes before the first change, and `source` is not read after it: it may be a cause that goes.
+template <class Derived, class... Fields>
+Derived& assignAll(Derived& target, const Derived& source, Fields Derived::*... fields) {
+    static_assert((std::is_nothrow_move_assignable_v<Fields> && ...));
+    std::tuple<Fields...> copies(source.*fields...);
+    target.Exception::operator=(source);
+    std::tie(target.*fields...) = std::move(copies);
+    return target;
 }
 
 /// The address, not the text: callers match on the form.
@@ -77,6 +90,11 @@ TypeException<Kind>::TypeException(const Element* element, Kind requested, Kind 
     : Exception(element, nullptr), m_requested(requested), m_found(found) {}
 
 template <class Kind>
+TypeException<Kind>& TypeException<Kind>::operator=(const TypeException& other) {
+    return assignAll(*this, other, &TypeException::m_requested, &TypeException::m_found);
+}
+
+template <class Kind>
 TypeException<Kind>::~TypeException() = default;
 
 template <class Kind>
@@ -119,6 +137,12 @@ ParseException::ParseException(const Element* element, const std::string& messag
       m_column(column),
       m_endLine(endLine),
       m_endColumn(endColumn) {}
+
+ParseException& ParseException::operator=(const ParseException& other) {
+    return assignAll(*this, other, &ParseException::m_message, &ParseException::m_line,
+                     &ParseException::m_column, &ParseException::m_endLine,
+                     &ParseException::m_endColumn);
+}
 
 ParseException::~ParseException() = default;
 
@@ -181,6 +205,10 @@ PathNotFound::PathNotFound(const Element* element, const std::string& path, cons
                            const Exception* cause)
     : Exception(element, cause), m_path(path), m_key(key) {}
 
+PathNotFound& PathNotFound::operator=(const PathNotFound& other) {
+    return assignAll(*this, other, &PathNotFound::m_path, &PathNotFound::m_key);
+}
+
 PathNotFound::~PathNotFound() = default;
 
 void PathNotFound::generateWhat(std::string& out) const {
@@ -205,6 +233,10 @@ const std::string& PathNotFound::key() const {
 KeyNotFound::KeyNotFound(const Element* element, const std::string& key, const Exception* cause)
     : Exception(element, cause), m_key(key) {}
 
+KeyNotFound& KeyNotFound::operator=(const KeyNotFound& other) {
+    return assignAll(*this, other, &KeyNotFound::m_key);
+}
+
 KeyNotFound::~KeyNotFound() = default;
 
 void KeyNotFound::generateWhat(std::string& out) const {
@@ -226,6 +258,12 @@ template <class From, class To>
 ValueOutOfRange<From, To>::ValueOutOfRange(const From& value, const To& min, const To& max,
                                            const zo::Exception* cause)
     : Exception(cause), m_value(value), m_min(min), m_max(max) {}
+
+template <class From, class To>
+ValueOutOfRange<From, To>& ValueOutOfRange<From, To>::operator=(const ValueOutOfRange& other) {
+    return assignAll(*this, other, &ValueOutOfRange::m_value, &ValueOutOfRange::m_min,
+                     &ValueOutOfRange::m_max);
+}
 
 template <class From, class To>
 ValueOutOfRange<From, To>::~ValueOutOfRange() = default;

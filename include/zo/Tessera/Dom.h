@@ -44,6 +44,7 @@ public:
     bool includeMeta() const;
     void setIncludeMeta(bool include);
     const std::string& metaKey() const;
+    /// If memory runs out the document is as before.
     void setMetaKey(const std::string& key);
 
     /// Equal settings and equal trees (`Element::compare`). Beware: two distinct documents without
@@ -65,7 +66,8 @@ private:
 ZO_TESSERA_EXPORT std::istream& operator>>(std::istream& in, Dom& dom);
 
 /// Writes the document as JSON text with a `Generator` of its own. A document without a root throws
-/// `zo::Tessera::Exception` "Generator: document has no root!".
+/// `zo::Tessera::Exception` "Generator: document has no root!". After any exception the stream may
+/// hold the beginning of the text.
 ZO_TESSERA_EXPORT std::ostream& operator<<(std::ostream& out, const Dom& dom);
 
 }  // namespace zo::Tessera

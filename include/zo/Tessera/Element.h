@@ -90,7 +90,8 @@ public:
     /// Copies the value into this element, which must be of that kind: otherwise the getter's
     /// `TypeException<EType>` is thrown and nothing changes. The source may be this element, or
     /// stand inside it. Setting an object or an array is `Object::assign` or `Array::assign`: deep,
-    /// and the copied children are owned but not attached.
+    /// and the copied children are owned but not attached. Out of memory a scalar is as before, and
+    /// a container holds what its `assign` leaves.
     /// @{
     virtual void setBooleanValue(const TBasicElement<bool>& value);
     virtual void setBooleanValue(bool value);
@@ -110,6 +111,7 @@ public:
 
     /// Writes a plain diagnostic form, which is not JSON: strings are neither quoted nor escaped,
     /// and an array shows the addresses of its children. For JSON text use `Generator` or a `Dom`.
+    /// What was written before an exception stays in the stream.
     /// @{
     virtual std::ostream& writeTo(std::ostream& out) const = 0;
     virtual std::wostream& writeTo(std::wostream& out) const = 0;
@@ -146,7 +148,8 @@ public:
     const Element& root() const;
     /// The path text from below `ancestor` to this element, such as `a.list[3]`; null stands for
     /// the top of the tree. `ancestor` should be a strict one: given this very element or a
-    /// stranger, the path starts at the top. Linear in the depth.
+    /// stranger, the path starts at the top. What was written before an exception stays in the
+    /// stream. Linear in the depth.
     std::string path(const Element* ancestor) const;
     std::ostream& path(std::ostream& out, const Element* ancestor) const;
     /// The same place in the document's schema, such as

@@ -18,7 +18,9 @@ namespace zo::Tessera {
 ///
 /// Unless told otherwise a cause is copied and may be null; the derived classes of this library do
 /// not show it in their texts. `what()` is good until its next call; `clone()` gives a copy of the
-/// exception's own class, owned by the caller.
+/// exception's own class, owned by the caller. Out of memory an exception that is assigned to is as
+/// before; so is the text given to `generateWhat`, and `what()` is empty. Where the library has no
+/// memory for an exception, `std::bad_alloc` arrives in its place.
 class ZO_TESSERA_EXPORT Exception : public zo::Exception {
 public:
     explicit Exception(const zo::Exception* cause = nullptr);
@@ -52,7 +54,7 @@ class ZO_TESSERA_EXPORT TypeException : public Exception {
 public:
     TypeException(const Element* element, Kind requested, Kind found);
     TypeException(const TypeException&) = default;
-    TypeException& operator=(const TypeException&) = default;
+    TypeException& operator=(const TypeException& other);
     ~TypeException() override;
 
     /// For example: Json type mismatch! Requestet Json type: etNumber Got Json type: etString
@@ -81,10 +83,10 @@ public:
                    int endLine, int endColumn, const zo::Exception* cause = nullptr);
     /// @}
     ParseException(const ParseException&) = default;
-    ParseException& operator=(const ParseException&) = default;
+    ParseException& operator=(const ParseException& other);
     ~ParseException() override;
 
-    /// Sets the five fields.
+    /// Sets the five fields; out of memory, none.
     void init(const std::string& message, int line, int column, int endLine, int endColumn);
 
     /// For example: Parse error at 3,7-3,9 and the message, with nothing in between. Beware: the
@@ -116,7 +118,7 @@ public:
     PathNotFound(const Element* element, const std::string& path, const std::string& key,
                  const Exception* cause = nullptr);
     PathNotFound(const PathNotFound&) = default;
-    PathNotFound& operator=(const PathNotFound&) = default;
+    PathNotFound& operator=(const PathNotFound& other);
     ~PathNotFound() override;
 
     /// For example: Path "a[2]" not found! Key "[2]". Beware: the "Current element" that may follow
@@ -141,7 +143,7 @@ public:
     /// `element` is the one that lacks the key, and may be null.
     KeyNotFound(const Element* element, const std::string& key, const Exception* cause = nullptr);
     KeyNotFound(const KeyNotFound&) = default;
-    KeyNotFound& operator=(const KeyNotFound&) = default;
+    KeyNotFound& operator=(const KeyNotFound& other);
     ~KeyNotFound() override;
 
     /// For example: Key "name" not found! The "Current element" may follow as for `PathNotFound`.
@@ -164,7 +166,7 @@ public:
     ValueOutOfRange(const From& value, const To& min, const To& max,
                     const zo::Exception* cause = nullptr);
     ValueOutOfRange(const ValueOutOfRange&) = default;
-    ValueOutOfRange& operator=(const ValueOutOfRange&) = default;
+    ValueOutOfRange& operator=(const ValueOutOfRange& other);
     ~ValueOutOfRange() override;
 
     /// For example: Value out of range! Value: 3000000000 Min: -2147483648 Max: 2147483647

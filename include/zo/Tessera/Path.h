@@ -67,7 +67,8 @@ public:
     Path(const char* text);
 
     /// Writes the path of `element` from below `root`, or from the top of the tree when `root` is
-    /// null, no ancestor, or `element` itself. Returns `out`. Linear in the depth.
+    /// null, no ancestor, or `element` itself. Returns `out`, in which what was written before an
+    /// exception stays. Linear in the depth.
     static std::ostream& elementPath(std::ostream& out, const Element& element,
                                      const Element* root);
     /// The same for the element's place in the document's schema: "meta.schema", then

@@ -12,6 +12,9 @@ namespace zo::Tessera {
 /// Writes a path text segment by segment, with a backslash before each character of a key that has
 /// a meaning in paths.
 ///
+/// After an exception a text is as before the segment, which can be tried again; a stream may hold
+/// the segment's beginning.
+///
 /// Beware of what does not read back: an empty key, of which at most a "." is written; a byte 0xFF
 /// in a key, which gets no backslash; an index in another number base than ten.
 class ZO_TESSERA_EXPORT PathGenerator {

@@ -38,7 +38,7 @@ public:
 
 /// Reads a path text character by character (see `Path` for the syntax) and reports its segments
 /// to a listener. Linear in the text, and in the key or index at hand for each error; keeps nothing
-/// between two runs.
+/// between two runs. Any exception ends the run: what follows is not reported, nor the end.
 ///
 /// Beware: a byte 0xFF ends the text, unless a backslash stands before it. A backslash at the very
 /// end adds a byte 0xFF to the key; in brackets it is an error. The index 2^64-1 is the same as

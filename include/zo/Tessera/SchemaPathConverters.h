@@ -11,7 +11,8 @@ namespace zo::Tessera {
 class PathGenerator;
 
 /// Writes, while a data path is parsed, the path of the schema node that describes it:
-/// `list[3].x` gives `meta.schema.properties.list.items.properties.x`.
+/// `list[3].x` gives `meta.schema.properties.list.items.properties.x`. What has been written when
+/// an exception is thrown stays written.
 class ZO_TESSERA_EXPORT ToSchemaPathConverter : public PathParserListener {
 public:
     /// Writes "meta" and "schema" at once. `gen` must outlive the converter.
