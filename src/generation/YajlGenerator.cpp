@@ -24,9 +24,7 @@ YajlGenerator::YajlGenerator(const char* indent) : m_indent(indent) {
 
 void YajlGenerator::setBeautify(bool beautify) {
     m_beautify = beautify;
-    for (const Level& level : m_levels) {
-        configure(level);
-    }
+    configure(m_levels.back());
 }
 
 int YajlGenerator::null() {
@@ -120,6 +118,7 @@ yajl_gen_status YajlGenerator::send(yajl_gen_status (*event)(yajl_gen, Arguments
 void YajlGenerator::startAnew() noexcept {
     m_levels.erase(m_levels.begin() + 1, m_levels.end());
     m_levels.front().depth = 0;
+    configure(m_levels.front());
     yajl_gen_reset(current(), nullptr);
     clear();
 }
@@ -170,6 +169,7 @@ int YajlGenerator::close(ContainerEvent event) {
         // To its handle the document ends here, and yajl ends a document with a line break.
         finish(textOf(level).length - (m_beautify ? 1 : 0));
         m_levels.pop_back();
+        configure(m_levels.back());
     }
     return status;
 }

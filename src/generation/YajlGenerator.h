@@ -87,7 +87,7 @@ private:
     const char* m_indent;
     bool m_beautify = false;
     BlockPool m_memory;
-    std::vector<Level> m_levels;  // from the outermost inward, never empty
+    std::vector<Level> m_levels;  // from the outermost inward, never empty; the last is configured
     std::string m_finished;       // what comes before the current handle's text
 };
 

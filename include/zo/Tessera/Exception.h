@@ -171,7 +171,7 @@ public:
 
     /// For example: Value out of range! Value: 3000000000 Min: -2147483648 Max: 2147483647
     /// Beware: the bounds of the two char types are written as raw bytes; 0 among them ends what
-    /// `what()` shows.
+    /// `what()` shows. As `what()` does, this may fill a cache: not in two threads at once.
     void generateWhat(std::string& out) const override;
     ValueOutOfRange* clone() const override;
 
