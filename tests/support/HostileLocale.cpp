@@ -1,10 +1,7 @@
 #include "support/HostileLocale.h"
 
-#include <unistd.h>
-
 #include <clocale>
 #include <cstdlib>
-#include <filesystem>
 #include <stdexcept>
 
 namespace {
@@ -21,32 +18,8 @@ class WideCommaAndGroups : public std::numpunct<wchar_t> {
     std::string do_grouping() const override { return "\3"; }
 };
 
-/// A folder of this process with a C locale that has a decimal comma, as long as the process lives.
-class LocaleFolder {
-public:
-    LocaleFolder() {
-        std::filesystem::create_directories(m_path);
-        const std::string command =
-            "localedef -i de_DE -f UTF-8 '" + (m_path / "de_DE.UTF-8").string() + "' 2>/dev/null";
-        if (std::system(command.c_str()) != 0) {
-            std::filesystem::remove_all(m_path);
-            throw std::runtime_error("cannot compile a C locale: install the package locales");
-        }
-    }
-    LocaleFolder(const LocaleFolder&) = delete;
-    LocaleFolder& operator=(const LocaleFolder&) = delete;
-    ~LocaleFolder() { std::filesystem::remove_all(m_path); }
-
-    const char* path() const { return m_path.c_str(); }
-
-private:
-    std::filesystem::path m_path =
-        std::filesystem::temp_directory_path() / ("tessera-locale-" + std::to_string(getpid()));
-};
-
 void setHostileCLocale() {
-    static const LocaleFolder folder;
-    setenv("LOCPATH", folder.path(), 1);
+    setenv("LOCPATH", TESSERA_TEST_LOCALES, 1);
     const char* const set = std::setlocale(LC_ALL, "de_DE.UTF-8");
     unsetenv("LOCPATH");
     if (!set) {

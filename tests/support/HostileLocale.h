@@ -5,8 +5,8 @@
 #include <string>
 
 /// While it lives, the global locales of C++ and of C both write 1234567.5 as "1.234.567,5".
-/// The C locale is compiled by the test itself (Debian package `locales`), for the system may have
-/// none; if that fails the constructor throws, so that no test passes without it.
+/// The C locale is compiled with the tests, for the system may have none; if it cannot be set the
+/// constructor throws, so that no test passes without it.
 class HostileLocale {
 public:
     HostileLocale();
