@@ -32,6 +32,10 @@ function(tessera_harden target)
     endif()
 endfunction()
 
+include(CheckLinkerFlag)
+set(TESSERA_EXPORTS ${CMAKE_CURRENT_LIST_DIR}/exports.map)
+check_linker_flag(CXX -Wl,--version-script=${TESSERA_EXPORTS} TESSERA_LINKER_HAS_VERSION_SCRIPTS)
+
 # A library whose version and SONAME follow the project's.
 function(tessera_add_library target)
     add_library(${target} ${ARGN})
@@ -44,4 +48,11 @@ function(tessera_add_library target)
     set_target_properties(${target} PROPERTIES
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR})
+    get_target_property(type ${target} TYPE)
+    # A sanitizer takes a function type for another one when its type info is not shared.
+    if(type STREQUAL "SHARED_LIBRARY" AND TESSERA_LINKER_HAS_VERSION_SCRIPTS
+            AND NOT TESSERA_SANITIZERS)
+        target_link_options(${target} PRIVATE -Wl,--version-script=${TESSERA_EXPORTS})
+        set_target_properties(${target} PROPERTIES LINK_DEPENDS ${TESSERA_EXPORTS})
+    endif()
 endfunction()
