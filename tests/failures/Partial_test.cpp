@@ -29,7 +29,7 @@ std::string json(const Element& root) {
     return generator.encode(root);
 }
 
-/// An operation that may stop half way, as its description says.
+/// An operation that may stop half way, as its header says.
 struct Step {
     const char* name;
     const char* before;
@@ -55,7 +55,7 @@ std::string shortened(std::string text) {
     return text;
 }
 
-TEST_P(OutOfMemoryOnTheWay, LeavesWhatTheDescriptionSaysAndNothingElse) {
+TEST_P(OutOfMemoryOnTheWay, LeavesWhatTheHeadersNameAndNothingElse) {
     const Step& step = GetParam();
     std::unique_ptr<Element> root;
     std::set<std::string> left;
