@@ -3,7 +3,8 @@
 # (CVE-2017-16516). Run once for each library found.
 
 function(tessera_check_yajl)
-    if(Yajl_CHECKED_LIBRARY STREQUAL Yajl_LIBRARY)
+    file(TIMESTAMP "${Yajl_LIBRARY}" time)
+    if(Yajl_CHECKED_LIBRARY STREQUAL "${Yajl_LIBRARY} of ${time}")
         return()
     endif()
     if(CMAKE_CROSSCOMPILING AND NOT CMAKE_CROSSCOMPILING_EMULATOR)
@@ -27,7 +28,7 @@ function(tessera_check_yajl)
             "(CVE-2017-16516). Debian's libyajl-dev, 2.1.0-3+deb12u2 or newer, has it mended. "
             "With -D Yajl_LIBRARY=... and -D Yajl_INCLUDE_DIR=... another yajl can be given.")
     endif()
-    set(Yajl_CHECKED_LIBRARY "${Yajl_LIBRARY}" CACHE INTERNAL "The yajl that passed the check")
+    set(Yajl_CHECKED_LIBRARY "${Yajl_LIBRARY} of ${time}" CACHE INTERNAL "The yajl that passed the check")
 endfunction()
 
 tessera_check_yajl()

@@ -24,7 +24,7 @@ need_packages() {
         echo "    ${missing[*]}" >&2
         exit 1
     fi
-    echo "Installing ${missing[*]}"
+    echo "Installing ${missing[*]}" >&2
     quietly "${as_root[@]}" apt-get update
     quietly "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install --yes --no-install-recommends "${missing[@]}"

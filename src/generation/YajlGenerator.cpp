@@ -135,7 +135,7 @@ int YajlGenerator::open(ContainerEvent event) {
 }
 
 int YajlGenerator::openInFurtherHandle(ContainerEvent event) {
-    // All that can fail comes first.
+    // What can fail and would leave the two handles at odds comes first.
     Level further = makeLevel();
     if (m_levels.size() == m_levels.capacity()) {
         m_levels.reserve(2 * m_levels.size());

@@ -2,6 +2,7 @@
 
 #include <yajl/yajl_parse.h>
 
+#include <exception>
 #include <istream>
 #include <limits>
 #include <list>
@@ -46,21 +47,26 @@ const char* asText(const unsigned char* bytes) {
     return reinterpret_cast<const char*>(bytes);
 }
 
-/// Replaces `text` by the stream's next pieces, as many as make up `amount` or as there are, and
-/// tells whether there was one.
-bool readPieces(std::istream& in, size_t amount, std::string& text) {
+/// Replaces `text` by the stream's next pieces, as many as make up `amount` or as there are. Gives
+/// what the stream throws, for `text` may hold what came before.
+std::exception_ptr readPieces(std::istream& in, size_t amount, std::string& text) {
     text.clear();
     // First, for what was read could not be put back.
     text.reserve(amount + k_pieceLength);
     while (text.size() < amount && in.good()) {
         char piece[k_pieceLength];
-        const std::streamsize length = in.readsome(piece, k_pieceLength);
+        std::streamsize length = 0;
+        try {
+            length = in.readsome(piece, k_pieceLength);
+        } catch (...) {
+            return std::current_exception();
+        }
         if (length < 1) {
             break;
         }
         text.append(piece, static_cast<size_t>(length));
     }
-    return !text.empty();
+    return nullptr;
 }
 
 }  // namespace
@@ -74,21 +80,18 @@ struct CallbackParser::Private {
     // handle that they came from.
     std::list<ErrorText> m_acceptedErrors;
     TokeniserLocale m_locale;
-    size_t m_silence = 0;  // the bytes of the pieces since the last event
+    size_t m_piece = 0;    // the bytes of the piece at hand
+    size_t m_silence = 0;  // the bytes of the pieces before it, since the last event
 
-    bool converts() const { return m_callbacks.yajl_double != nullptr; }
-
+    /// For the rest of the piece at hand.
     void prepareConversion() {
-        if (converts()) {
-            m_locale.enterClassic();
+        if (m_callbacks.yajl_double == nullptr) {
+            return;
         }
-    }
-
-    void checkConvertible(size_t length) const {
-        const size_t bound = k_longestConvertible;
-        if (converts() && (length > bound || m_silence > bound - length)) {
+        if (m_piece > k_longestConvertible || m_silence > k_longestConvertible - m_piece) {
             throw Exception("Text too long for numbers to be converted!");
         }
+        m_locale.enterClassic();
     }
 
     /// How much text to read before the tokeniser gets it, but for the end of a stream.
@@ -136,9 +139,15 @@ void CallbackParser::setCallbacks() {
 
 std::istream& CallbackParser::parse(std::istream& in) {
     std::string text;
-    while (readPieces(in, m_private->amountAtOnce(), text)) {
-        parse(text);
-    }
+    do {
+        const std::exception_ptr failure = readPieces(in, m_private->amountAtOnce(), text);
+        if (!text.empty()) {
+            parse(text);
+        }
+        if (failure) {
+            std::rethrow_exception(failure);
+        }
+    } while (!text.empty());
     return in;
 }
 
@@ -183,8 +192,8 @@ int CallbackParser::tokenise(const unsigned char* data, size_t length) {
     if (m_private->m_memory.failed()) {
         throw std::bad_alloc();
     }
-    m_private->checkConvertible(length);
     const WhileTokenising scope(m_private->m_locale);
+    m_private->m_piece = length;
     m_private->prepareConversion();
     m_private->m_silence += length;
     return yajl_parse(m_private->m_handle.get(), data, length);

@@ -136,7 +136,8 @@ class OutOfMemoryWhenMaking : public testing::TestWithParam<Making> {};
 TEST_P(OutOfMemoryWhenMaking, IsAWholeElementOrNone) {
     std::unique_ptr<Element> element;
     const auto make = [&] { element = GetParam().make(); };
-    EXPECT_GT(failEachAllocation([] {}, make, [&] { EXPECT_EQ(element, nullptr); }), 0);
+    const auto check = [&] { EXPECT_EQ(element, nullptr); };
+    EXPECT_GT(failEachAllocation([&] { element.reset(); }, make, check), 0);
     EXPECT_EQ(dump(*element), GetParam().state + std::string(" key=\"\" index=- parent=none\n"));
 }
 

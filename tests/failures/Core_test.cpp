@@ -41,15 +41,18 @@ std::string contents(const List& list) {
 TEST(OutOfMemoryInAListMap, MakesNone) {
     std::unique_ptr<Map> map;
     const auto make = [&] { map = std::make_unique<Map>(); };
-    EXPECT_EQ(failEachAllocation([] {}, make, [&] { EXPECT_EQ(map, nullptr); }), 3);
+    EXPECT_EQ(failEachAllocation([&] { map.reset(); }, make, [&] { EXPECT_EQ(map, nullptr); }), 3);
     EXPECT_TRUE(map->empty());
 }
 
 TEST(OutOfMemoryInAListMap, InsertsAllOrNothing) {
     Map map;
-    map.insert({"b", 1});
+    const auto prepare = [&] {
+        map = Map();
+        map.insert({"b", 1});
+    };
     const auto insert = [&] { map.insert({k_long, 2}); };
-    EXPECT_GT(failEachAllocation([] {}, insert, [&] { EXPECT_EQ(contents(map), "b1;"); }), 1);
+    EXPECT_GT(failEachAllocation(prepare, insert, [&] { EXPECT_EQ(contents(map), "b1;"); }), 1);
     EXPECT_EQ(contents(map), "b1;" + k_long + "2;");
 }
 
@@ -83,15 +86,19 @@ TEST(OutOfMemoryInAListMap, HindersNoSearchAndNoRemoval) {
 TEST(OutOfMemoryInAnIndexList, MakesNone) {
     std::unique_ptr<List> list;
     const auto make = [&] { list = std::make_unique<List>(); };
-    EXPECT_EQ(failEachAllocation([] {}, make, [&] { EXPECT_EQ(list, nullptr); }), 3);
+    EXPECT_EQ(failEachAllocation([&] { list.reset(); }, make, [&] { EXPECT_EQ(list, nullptr); }),
+              3);
     EXPECT_TRUE(list->empty());
 }
 
 TEST(OutOfMemoryInAnIndexList, AppendsAllOrNothing) {
     List list;
-    list.push_back("b");
+    const auto prepare = [&] {
+        list = List();
+        list.push_back("b");
+    };
     const auto append = [&] { list.push_back(k_long); };
-    EXPECT_GT(failEachAllocation([] {}, append, [&] { EXPECT_EQ(contents(list), "b;"); }), 1);
+    EXPECT_GT(failEachAllocation(prepare, append, [&] { EXPECT_EQ(contents(list), "b;"); }), 1);
     EXPECT_EQ(contents(list), "b;" + k_long + ";");
 }
 
@@ -129,13 +136,13 @@ const std::string k_new = "9876543210.9876543210987654321";
 
 TEST(OutOfMemoryInADecNumber, MakesNone) {
     std::unique_ptr<zo::DecNumber> number;
+    const auto prepare = [&] { number.reset(); };
     const auto check = [&] { EXPECT_EQ(number, nullptr); };
     const auto fromText = [&] { number = std::make_unique<zo::DecNumber>(k_new); };
-    EXPECT_GT(failEachAllocation([] {}, fromText, check), 1);
+    EXPECT_GT(failEachAllocation(prepare, fromText, check), 1);
     EXPECT_EQ(textOf(*number), k_new);
-    number.reset();
     const auto fromNumber = [&] { number = std::make_unique<zo::DecNumber>(1234567890123456789); };
-    EXPECT_GT(failEachAllocation([] {}, fromNumber, check), 1);
+    EXPECT_GT(failEachAllocation(prepare, fromNumber, check), 1);
     EXPECT_EQ(textOf(*number), "1234567890123456789");
 }
 
@@ -144,10 +151,13 @@ TEST(OutOfMemoryInADecNumber, AssignsAllOrNothing) {
     zo::DecNumber target(k_former);
     const auto check = [&] { EXPECT_EQ(textOf(target), k_former); };
     const auto prepare = [&] { target = zo::DecNumber(k_former); };
-    zo::DecNumber longer("1e5");
-    const auto checkShort = [&] { EXPECT_EQ(textOf(longer), "100000"); };
-    EXPECT_GT(failEachAllocation([] {}, [&] { longer = source; }, checkShort), 0);
-    EXPECT_EQ(textOf(longer), k_new);
+    std::unique_ptr<zo::DecNumber> longer;
+    const auto makeShort = [&] { longer = std::make_unique<zo::DecNumber>("1e5"); };
+    const auto checkShort = [&] { EXPECT_EQ(textOf(*longer), "100000"); };
+    EXPECT_GT(failEachAllocation(
+                  makeShort, [&] { *longer = source; }, checkShort),
+              0);
+    EXPECT_EQ(textOf(*longer), k_new);
     EXPECT_GT(failEachAllocation(
                   prepare, [&] { target = zo::DecNumber(k_new); }, check),
               0);
@@ -176,22 +186,30 @@ TEST(OutOfMemoryInADecNumber, PassesOutOfWriting) {
         number.writeTo(out);
         text = out.str();
     };
-    EXPECT_GT(failEachAllocation([] {}, write, [&] { EXPECT_EQ(text, ""); }), 1);
+    const auto prepare = [&] { text.clear(); };
+    EXPECT_GT(failEachAllocation(prepare, write, [&] { EXPECT_EQ(text, ""); }), 1);
     EXPECT_EQ(text, "1.2345678901234567890123456789e-99");
 }
 
 TEST(OutOfMemoryInAConversionOfText, IsNeverAnotherText) {
     const std::wstring wide(k_long.begin(), k_long.end());
     std::string narrow;
+    const auto prepare = [&] { narrow.clear(); };
     const auto check = [&] { EXPECT_EQ(narrow, ""); };
-    EXPECT_GT(failEachAllocation([] {}, [&] { narrow = zo::convert(wide); }, check), 0);
+    EXPECT_GT(failEachAllocation(
+                  prepare, [&] { narrow = zo::convert(wide); }, check),
+              0);
     EXPECT_EQ(narrow, k_long);
-    narrow.clear();
-    EXPECT_GT(failEachAllocation([] {}, [&] { narrow = zo::convert(wide.c_str()); }, check), 0);
+    EXPECT_GT(failEachAllocation(
+                  prepare, [&] { narrow = zo::convert(wide.c_str()); }, check),
+              0);
     EXPECT_EQ(narrow, k_long);
     std::wstring back;
+    const auto prepareBack = [&] { back.clear(); };
     const auto checkBack = [&] { EXPECT_EQ(back, L""); };
-    EXPECT_GT(failEachAllocation([] {}, [&] { back = zo::wconvert(k_long); }, checkBack), 1);
+    EXPECT_GT(failEachAllocation(
+                  prepareBack, [&] { back = zo::wconvert(k_long); }, checkBack),
+              1);
     EXPECT_EQ(back, wide);
 }
 

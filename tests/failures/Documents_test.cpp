@@ -34,7 +34,8 @@ TEST(OutOfMemoryInADocument, MakesNoCopyAndKeepsTheSource) {
         EXPECT_EQ(copy, nullptr);
         EXPECT_EQ(dump(*source->root()), state);
     };
-    EXPECT_GT(failEachAllocation([] {}, [&] { copy = std::make_unique<Dom>(*source); }, check), 10);
+    const auto make = [&] { copy = std::make_unique<Dom>(*source); };
+    EXPECT_GT(failEachAllocation([&] { copy.reset(); }, make, check), 10);
     EXPECT_TRUE(*copy == *source);
 }
 
@@ -67,10 +68,13 @@ TEST(OutOfMemoryInADocument, LeavesTheRootOfWhichAPartIsToBeTheNewOne) {
 }
 
 TEST(OutOfMemoryInADocument, LeavesTheMetaKey) {
-    Dom dom;
-    const auto check = [&] { EXPECT_EQ(dom.metaKey(), "meta"); };
-    EXPECT_EQ(failEachAllocation([] {}, [&] { dom.setMetaKey(k_long); }, check), 1);
-    EXPECT_EQ(dom.metaKey(), k_long);
+    std::unique_ptr<Dom> dom;
+    const auto prepare = [&] { dom = std::make_unique<Dom>(); };
+    const auto check = [&] { EXPECT_EQ(dom->metaKey(), "meta"); };
+    EXPECT_EQ(failEachAllocation(
+                  prepare, [&] { dom->setMetaKey(k_long); }, check),
+              1);
+    EXPECT_EQ(dom->metaKey(), k_long);
 }
 
 TEST(OutOfMemoryInADocument, IsNoAnswerToAComparison) {
@@ -78,11 +82,12 @@ TEST(OutOfMemoryInADocument, IsNoAnswerToAComparison) {
     const Dom right(*left);
     bool equal = false;
     const auto compare = [&] { equal = *left == right; };
-    EXPECT_GT(failEachAllocation([] {}, compare, [&] { EXPECT_FALSE(equal); }), 1);
+    EXPECT_GT(failEachAllocation([&] { equal = false; }, compare, [&] { EXPECT_FALSE(equal); }), 1);
     EXPECT_TRUE(equal);
     bool unequal = true;
     const auto contrast = [&] { unequal = *left != right; };
-    EXPECT_GT(failEachAllocation([] {}, contrast, [&] { EXPECT_TRUE(unequal); }), 1);
+    EXPECT_GT(failEachAllocation([&] { unequal = true; }, contrast, [&] { EXPECT_TRUE(unequal); }),
+              1);
     EXPECT_FALSE(unequal);
 }
 

@@ -102,7 +102,8 @@ class OutOfMemoryInAnException : public testing::TestWithParam<Row> {};
 TEST_P(OutOfMemoryInAnException, MakesNone) {
     Holder made;
     const auto make = [&] { made = GetParam().make(k_new); };
-    EXPECT_GT(failEachAllocation([] {}, make, [&] { EXPECT_EQ(made, nullptr); }), 1);
+    EXPECT_GT(failEachAllocation([&] { made.reset(); }, make, [&] { EXPECT_EQ(made, nullptr); }),
+              1);
     EXPECT_NE(made, nullptr);
 }
 
@@ -111,14 +112,18 @@ TEST_P(OutOfMemoryInAnException, CopiesNoneAndKeepsTheSource) {
     const Holder source = row.make(k_new);
     const std::string state = row.state(*source);
     Holder copy;
+    const auto prepare = [&] { copy.reset(); };
     const auto check = [&] {
         EXPECT_EQ(copy, nullptr);
         EXPECT_EQ(row.state(*source), state);
     };
-    EXPECT_GT(failEachAllocation([] {}, [&] { copy = row.copy(*source); }, check), 1);
+    EXPECT_GT(failEachAllocation(
+                  prepare, [&] { copy = row.copy(*source); }, check),
+              1);
     EXPECT_EQ(row.state(*copy), state);
-    copy.reset();
-    EXPECT_GT(failEachAllocation([] {}, [&] { copy.reset(source->clone()); }, check), 1);
+    EXPECT_GT(failEachAllocation(
+                  prepare, [&] { copy.reset(source->clone()); }, check),
+              1);
     EXPECT_EQ(row.state(*copy), state);
 }
 
@@ -208,11 +213,14 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST(OutOfMemoryInAParseException, InitialisesAllFieldsOrNone) {
-    ParseException exception("former", 1, 2, 3, 4);
-    const auto init = [&] { exception.init(k_long, 5, 6, 7, 8); };
-    const auto check = [&] { EXPECT_EQ(fields(exception), "former1234"); };
-    EXPECT_GT(failEachAllocation([] {}, init, check), 0);
-    EXPECT_EQ(fields(exception), k_long + "5678");
+    std::unique_ptr<ParseException> exception;
+    const auto prepare = [&] {
+        exception = std::make_unique<ParseException>("former", 1, 2, 3, 4);
+    };
+    const auto init = [&] { exception->init(k_long, 5, 6, 7, 8); };
+    const auto check = [&] { EXPECT_EQ(fields(*exception), "former1234"); };
+    EXPECT_GT(failEachAllocation(prepare, init, check), 0);
+    EXPECT_EQ(fields(*exception), k_long + "5678");
 }
 
 TEST(OutOfMemoryInTheBase, PassesOutOfEachConstructor) {
@@ -230,9 +238,10 @@ TEST(OutOfMemoryInTheBase, PassesOutOfEachConstructor) {
         [&] { exception = std::make_unique<Exception>(nullptr); },
         [&] { exception = std::make_unique<Exception>(text, nullptr); },
         [&] { exception = std::make_unique<Exception>(element, nullptr); }};
+    const auto prepare = [&] { exception.reset(); };
+    const auto check = [&] { EXPECT_EQ(exception, nullptr); };
     for (const auto& construct : constructors) {
-        exception.reset();
-        EXPECT_GT(failEachAllocation([] {}, construct, [&] { EXPECT_EQ(exception, nullptr); }), 0);
+        EXPECT_GT(failEachAllocation(prepare, construct, check), 0);
         EXPECT_NE(exception, nullptr);
     }
 }

@@ -60,13 +60,17 @@ TEST_P(OutOfMemoryInARefusal, ArrivesInPlaceOfTheExceptionAndChangesNothing) {
     const std::string before = dump(*richTree());
     std::unique_ptr<Element> root;
     std::exception_ptr raised;
-    const long failures = failEachAllocation([&] { root = richTree(); },
-                                             [&] { raised = raisedBy(refusal.run, *root); },
-                                             [&] {
-                                                 EXPECT_EQ(raised, nullptr);
-                                                 EXPECT_EQ(dump(*root), before);
-                                                 expectWhole(*root);
-                                             });
+    const auto prepare = [&] {
+        root = richTree();
+        raised = nullptr;
+    };
+    const auto check = [&] {
+        EXPECT_EQ(raised, nullptr);
+        EXPECT_EQ(dump(*root), before);
+        expectWhole(*root);
+    };
+    const long failures = failEachAllocation(
+        prepare, [&] { raised = raisedBy(refusal.run, *root); }, check);
     EXPECT_GT(failures, 0);
     ASSERT_NE(raised, nullptr);
     EXPECT_THAT(textOf(raised), testing::StartsWith(refusal.text));

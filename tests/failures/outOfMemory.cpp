@@ -12,11 +12,3 @@ long failEachAllocation(const std::function<void()>& prepare, const std::functio
         },
         [&](int) { action(); }, [&](int) { check(); });
 }
-
-NoMemory::NoMemory() {
-    FailingNew::s_left = 0;
-}
-
-NoMemory::~NoMemory() {
-    FailingNew::s_left = FailingNew::k_unlimited;
-}

@@ -4,6 +4,8 @@
 #include <functional>
 #include <string>
 
+#include "support/NoMemory.h"
+
 /// \file
 /// Want of memory, for all sources of this program. Only one of them can replace the allocation.
 
@@ -14,14 +16,5 @@ inline const std::string k_long = "a text that is too long to be kept inside the
 /// throws, until that finishes, and `check` after each failure. Returns how often it failed.
 long failEachAllocation(const std::function<void()>& prepare, const std::function<void()>& action,
                         const std::function<void()>& check);
-
-/// Every allocation throws while it lives.
-class NoMemory {
-public:
-    NoMemory();
-    NoMemory(const NoMemory&) = delete;
-    NoMemory& operator=(const NoMemory&) = delete;
-    ~NoMemory();
-};
 
 #endif

@@ -27,13 +27,17 @@ struct Setter {
 class SetterOutOfMemory : public testing::TestWithParam<Setter> {};
 
 TEST_P(SetterOutOfMemory, LeavesTheNumberAsItWas) {
-    BasicNumber unread = numberOf(k_former);
-    const long failures = failEachAllocation([&] { return &unread; },
-                                             [](BasicNumber* number) { GetParam().set(*number); },
-                                             [](const BasicNumber* number) {
-                                                 EXPECT_EQ(number->toString(), k_former);
-                                                 EXPECT_EQ(number->toInt(), -1234567890);
-                                             });
+    BasicNumber unread;
+    const auto prepare = [&] {
+        unread = numberOf(k_former);
+        return &unread;
+    };
+    const long failures = failEachAllocation(
+        prepare, [](BasicNumber* number) { GetParam().set(*number); },
+        [](const BasicNumber* number) {
+            EXPECT_EQ(number->toString(), k_former);
+            EXPECT_EQ(number->toInt(), -1234567890);
+        });
     EXPECT_GE(failures, 1);
     EXPECT_EQ(unread.toString(), k_text);
     EXPECT_EQ(unread.compare(0.98765432109876543), 0);

@@ -200,4 +200,25 @@ TEST(ConvertedNumbers, AreRefusedInAPieceThatAddsUpWithTheLastOnes) {
     EXPECT_EQ(log.events, "start_array;end_array;");
 }
 
+/// Chooses converted numbers in the middle of a piece.
+class ChangeOfMind : public Numbers {
+public:
+    ChangeOfMind() : Numbers(true) {}
+
+    int cb_start_array() override {
+        want(false);
+        parser.setCallbacks();
+        return 1;
+    }
+
+    CallbackParser parser{this};
+};
+
+// What stands behind the bracket is not looked at.
+TEST(ConvertedNumbers, AreRefusedInTheRestOfAPieceThatIsTooLong) {
+    ChangeOfMind log;
+    EXPECT_EQ(thrown<zo::Tessera::Exception>([&] { log.parser.parse("[1,", size_t{1} << 31); }),
+              "Text too long for numbers to be converted!");
+}
+
 }  // namespace

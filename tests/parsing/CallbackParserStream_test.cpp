@@ -186,4 +186,24 @@ TEST(ParseStream, LeavesTheStreamBehindThePieceWithTheError) {
     EXPECT_TRUE(in.good());
 }
 
+/// Hands out its text, and then tells by throwing that there is no more.
+class BufferThatThrowsAtItsEnd : public std::stringbuf {
+public:
+    using std::stringbuf::stringbuf;
+
+private:
+    std::streamsize showmanyc() override { throw std::ios_base::failure("no more"); }
+};
+
+TEST(ParseStream, TellsTheEventsOfWhatCameBeforeTheStreamThrew) {
+    const std::string string(6000, 'x');
+    EventLog log;
+    CallbackParser parser(&log);
+    BufferThatThrowsAtItsEnd buffer("[\"" + string + "\"]");
+    std::istream in(&buffer);
+    in.exceptions(std::ios_base::badbit);
+    EXPECT_THROW(parser.parse(in), std::ios_base::failure);
+    EXPECT_EQ(log.events, "start_array;string " + string + ";end_array;");
+}
+
 }  // namespace

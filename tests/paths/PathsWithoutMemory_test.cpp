@@ -13,7 +13,7 @@
 #include <zo/Tessera/PathParser.h>
 #include <zo/Tessera/TBasicElement.h>
 
-#include "paths/NoMemory.h"
+#include "support/NoMemory.h"
 #include "support/parsed.h"
 
 using namespace zo::Tessera;

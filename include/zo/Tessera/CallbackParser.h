@@ -60,9 +60,9 @@ public:
 
     /// Reads what the stream has at hand, in pieces of at most 255 characters, and returns it. A
     /// stream that is not good yields no events. Each piece is parsed at once; but when 4 KiB have
-    /// brought no event, pieces are put together to ever larger ones until one comes, so that the
-    /// time stays in proportion to the text. Beware: it stops when no character is at hand at once
-    /// (`readsome`); `std::cin` hands over none while it is tied to stdio.
+    /// brought no event, pieces that are at hand are put together to ever larger ones until one
+    /// comes, so that the time stays in proportion to the text. Beware: it stops when no character
+    /// is at hand at once (`readsome`); `std::cin` hands over none while it is tied to stdio.
     std::istream& parse(std::istream& in);
     /// Parses the next piece of the document and returns 0. Malformed text goes to `cb_error`: its
     /// non-zero answer is returned, otherwise `zo::Tessera::Exception` is thrown with the parser's

@@ -28,8 +28,9 @@ class Object;
 /// and its end closes that one.
 ///
 /// When memory runs out, `std::bad_alloc` is thrown. A single event has then not happened, or the
-/// text gathered since the last `flush` is lost and the generator is as new. Of a whole value its
-/// first events may have happened, and their text is kept or lost in the same way.
+/// text gathered since the last `flush` is lost and the generator is as new, but for `setIndent`.
+/// Of a whole value its first events may have happened, and their text is kept or lost in the same
+/// way.
 class ZO_TESSERA_EXPORT Generator {
 public:
     /// `out` may be null; otherwise it is not owned and must outlive the last `flush`. Line breaks

@@ -1,0 +1,23 @@
+# Fails unless each source below one of FOLDERS, a regular expression, is compiled with FLAG
+# according to COMMANDS, a list of compile commands.
+
+cmake_policy(VERSION 3.20)
+file(READ ${COMMANDS} commands)
+string(JSON count LENGTH "${commands}")
+math(EXPR last "${count} - 1")
+set(checked 0)
+foreach(i RANGE ${last})
+    string(JSON source GET "${commands}" ${i} file)
+    if(NOT source MATCHES "^(${FOLDERS})")
+        continue()
+    endif()
+    math(EXPR checked "${checked} + 1")
+    string(JSON command GET "${commands}" ${i} command)
+    string(FIND "${command}" " ${FLAG} " position)
+    if(position EQUAL -1)
+        message(SEND_ERROR "${source} is compiled without ${FLAG}")
+    endif()
+endforeach()
+if(checked EQUAL 0)
+    message(SEND_ERROR "No source of ${FOLDERS} in ${COMMANDS}")
+endif()
