@@ -19,7 +19,7 @@
 #endif
 
 #ifdef ZO_TESSERA_TESTS_SANITIZED
-constexpr std::size_t k_depth = 100'000;
+constexpr std::size_t k_depth = 30'000;
 #else
 constexpr std::size_t k_depth = 1'000'000;
 #endif
