@@ -4,14 +4,15 @@
 #include <cstring>
 #include <limits>
 #include <new>
+#include <utility>
 
 namespace zo::Tessera {
 
 BlockPool::BlockPool() : m_ring{&m_ring, &m_ring, 0} {}
 
 BlockPool::~BlockPool() {
-    while (m_ring.next != &m_ring) {
-        remove(m_ring.next);
+    for (Block* block = m_ring.next; block != &m_ring;) {
+        ::operator delete(std::exchange(block, block->next));
     }
 }
 

@@ -28,12 +28,11 @@ std::ostream& operator<<(std::ostream& out, const BasicNumber& number) {
 /// Assigns what `Derived` adds to `Exception`, given as its fields, and the base. What can fail
 /// comes before the first change, and `source` is not read after it: it may be a cause that goes.
 template <class Derived, class... Fields>
-Derived& assignAll(Derived& target, const Derived& source, Fields Derived::*... fields) {
+void assignAll(Derived& target, const Derived& source, Fields Derived::*... fields) {
     static_assert((std::is_nothrow_move_assignable_v<Fields> && ...));
     std::tuple<Fields...> copies(source.*fields...);
     target.Exception::operator=(source);
     std::tie(target.*fields...) = std::move(copies);
-    return target;
 }
 
 /// The address, not the text: callers match on the form.
@@ -91,7 +90,8 @@ TypeException<Kind>::TypeException(const Element* element, Kind requested, Kind 
 
 template <class Kind>
 TypeException<Kind>& TypeException<Kind>::operator=(const TypeException& other) {
-    return assignAll(*this, other, &TypeException::m_requested, &TypeException::m_found);
+    assignAll(*this, other, &TypeException::m_requested, &TypeException::m_found);
+    return *this;
 }
 
 template <class Kind>
@@ -139,9 +139,9 @@ ParseException::ParseException(const Element* element, const std::string& messag
       m_endColumn(endColumn) {}
 
 ParseException& ParseException::operator=(const ParseException& other) {
-    return assignAll(*this, other, &ParseException::m_message, &ParseException::m_line,
-                     &ParseException::m_column, &ParseException::m_endLine,
-                     &ParseException::m_endColumn);
+    assignAll(*this, other, &ParseException::m_message, &ParseException::m_line,
+              &ParseException::m_column, &ParseException::m_endLine, &ParseException::m_endColumn);
+    return *this;
 }
 
 ParseException::~ParseException() = default;
@@ -206,7 +206,8 @@ PathNotFound::PathNotFound(const Element* element, const std::string& path, cons
     : Exception(element, cause), m_path(path), m_key(key) {}
 
 PathNotFound& PathNotFound::operator=(const PathNotFound& other) {
-    return assignAll(*this, other, &PathNotFound::m_path, &PathNotFound::m_key);
+    assignAll(*this, other, &PathNotFound::m_path, &PathNotFound::m_key);
+    return *this;
 }
 
 PathNotFound::~PathNotFound() = default;
@@ -234,7 +235,8 @@ KeyNotFound::KeyNotFound(const Element* element, const std::string& key, const E
     : Exception(element, cause), m_key(key) {}
 
 KeyNotFound& KeyNotFound::operator=(const KeyNotFound& other) {
-    return assignAll(*this, other, &KeyNotFound::m_key);
+    assignAll(*this, other, &KeyNotFound::m_key);
+    return *this;
 }
 
 KeyNotFound::~KeyNotFound() = default;
@@ -261,8 +263,9 @@ ValueOutOfRange<From, To>::ValueOutOfRange(const From& value, const To& min, con
 
 template <class From, class To>
 ValueOutOfRange<From, To>& ValueOutOfRange<From, To>::operator=(const ValueOutOfRange& other) {
-    return assignAll(*this, other, &ValueOutOfRange::m_value, &ValueOutOfRange::m_min,
-                     &ValueOutOfRange::m_max);
+    assignAll(*this, other, &ValueOutOfRange::m_value, &ValueOutOfRange::m_min,
+              &ValueOutOfRange::m_max);
+    return *this;
 }
 
 template <class From, class To>
