@@ -178,6 +178,17 @@ void BasicNumber::set(double value) {
     becomeBinary(ebDouble);
 }
 
+void BasicNumber::setExact(double value) {
+    if (!std::isfinite(value)) {
+        throw Exception("Number must be finite!");
+    }
+    if (value == 0.0 && std::signbit(value)) {
+        setText("-0");  // a decimal zero has no sign
+    } else {
+        set(zo::DecNumber(value));
+    }
+}
+
 BasicNumber::EBinaryType BasicNumber::type() const {
     if (m_binaryType == ebNone) {
         syncToBinary();

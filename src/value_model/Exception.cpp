@@ -25,6 +25,19 @@ std::ostream& operator<<(std::ostream& out, const BasicNumber& number) {
     return number.writeAt(out);
 }
 
+/// What a narrow stream shows of a bound. The newer character types mean nothing to it, or
+/// something else in each standard; `char` and `unsigned char` stay raw, for callers match on them.
+template <class To>
+decltype(auto) shown(const To& bound) {
+    constexpr bool isCharacter = std::is_same_v<To, signed char> || std::is_same_v<To, wchar_t> ||
+                                 std::is_same_v<To, char16_t> || std::is_same_v<To, char32_t>;
+    if constexpr (isCharacter) {
+        return static_cast<long long>(bound);
+    } else {
+        return (bound);
+    }
+}
+
 /// Assigns what `Derived` adds to `Exception`, given as its fields, and the base. What can fail
 /// comes before the first change, and `source` is not read after it: it may be a cause that goes.
 template <class Derived, class... Fields>
@@ -274,7 +287,8 @@ ValueOutOfRange<From, To>::~ValueOutOfRange() = default;
 template <class From, class To>
 void ValueOutOfRange<From, To>::generateWhat(std::string& out) const {
     std::ostringstream text = classicStream();
-    text << "Value out of range! Value: " << m_value << " Min: " << m_min << " Max: " << m_max;
+    text << "Value out of range! Value: " << m_value << " Min: " << shown(m_min)
+         << " Max: " << shown(m_max);
     out = text.str();
 }
 
@@ -300,7 +314,11 @@ const To& ValueOutOfRange<From, To>::max() const {
 
 template class ValueOutOfRange<std::string, std::string>;
 template class ValueOutOfRange<BasicNumber, char>;
+template class ValueOutOfRange<BasicNumber, signed char>;
 template class ValueOutOfRange<BasicNumber, unsigned char>;
+template class ValueOutOfRange<BasicNumber, wchar_t>;
+template class ValueOutOfRange<BasicNumber, char16_t>;
+template class ValueOutOfRange<BasicNumber, char32_t>;
 template class ValueOutOfRange<BasicNumber, short>;
 template class ValueOutOfRange<BasicNumber, unsigned short>;
 template class ValueOutOfRange<BasicNumber, int>;
@@ -311,5 +329,7 @@ template class ValueOutOfRange<BasicNumber, long long>;
 template class ValueOutOfRange<BasicNumber, unsigned long long>;
 template class ValueOutOfRange<BasicNumber, float>;
 template class ValueOutOfRange<BasicNumber, double>;
+template class ValueOutOfRange<BasicNumber, long double>;
+template class ValueOutOfRange<BasicNumber, std::string>;
 
 }  // namespace zo::Tessera

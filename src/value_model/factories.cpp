@@ -172,6 +172,12 @@ std::unique_ptr<Element> value(const char* text) {
     return value(std::string(text));
 }
 
+std::unique_ptr<Element> exactValue(double number) {
+    BasicNumber exact;
+    exact.setExact(number);
+    return value(exact);
+}
+
 std::unique_ptr<Element> object() {
     return std::unique_ptr<Element>(Element::createObject());
 }

@@ -2,6 +2,7 @@
 #define ZO_TESSERA_BASICNUMBER_H
 
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <type_traits>
 
@@ -13,6 +14,18 @@ class DecNumber;
 
 namespace zo::Tessera {
 
+/// Whether `T` is one of `Types`.
+template <class T, class... Types>
+inline constexpr bool k_isOneOf = (std::is_same_v<T, Types> || ...);
+
+/// Whether `BasicNumber::as<T>` is there: for C++17's arithmetic types but `bool`, and for
+/// `std::string`.
+template <class T>
+inline constexpr bool k_holdsNumbers =
+    k_isOneOf<T, char, signed char, unsigned char, wchar_t, char16_t, char32_t, short,
+              unsigned short, int, unsigned int, long, unsigned long, long long, unsigned long long,
+              float, double, long double, std::string>;
+
 /// A JSON number in two forms: its text, exactly as it was set or read, and a binary form. Either
 /// may be missing and is derived when first needed. A number set from text keeps that text, unless
 /// it is empty, so what was read is written back unchanged; a number set from a built-in type gets
@@ -23,7 +36,8 @@ namespace zo::Tessera {
 /// formatted extraction reads them. What is no number is no error: it leaves what these leave, 0 or
 /// the former value. No text depends on a locale.
 ///
-/// Even const readers fill the caches: threads that share a number need outside locking.
+/// Even const readers fill the caches, all but `as` and `tryAs`: threads that share a number need
+/// outside locking.
 class ZO_TESSERA_EXPORT BasicNumber {
 public:
     /// The binary form that a number holds.
@@ -78,7 +92,7 @@ public:
     /// \name Setting from a built-in type
     /// Keeps the binary form alone: `ebLongLong` for a signed type and `char`, `ebULongLong` for an
     /// unsigned one, `ebDouble` for a floating one. Beware: the text of a `double` has 6
-    /// significant digits (1234567.0 becomes 1.23457e+06). To keep every digit, set a text.
+    /// significant digits (1234567.0 becomes 1.23457e+06). `setExact` keeps every digit.
     /// @{
     void set(char value);
     void set(short value);
@@ -93,6 +107,11 @@ public:
     void set(float value);
     void set(double value);
     /// @}
+
+    /// Sets the shortest text that reads back to `value`, as the only form: 0.1 gives "0.1",
+    /// 1234567.0 "1234567", -0.0 "-0". A NaN or an infinity throws `zo::Tessera::Exception` "Number
+    /// must be finite!". After any exception the number is as before.
+    void setExact(double value);
 
     /// The binary form, derived first when there is none, so never `ebNone`. A text out of range
     /// throws `ValueOutOfRange<std::string, std::string>`; beware that this happens once only, and
@@ -123,8 +142,7 @@ public:
     /// `int`, or read from "-0") lies below every unsigned type's 0, so its unsigned conversions
     /// throw. And what compares equal to a bound passes: the doubles 2^63 and 2^64, and a NaN,
     /// become the integer with the top bit alone (of which `unsigned int` and the narrower types
-    /// keep the low bits: 0). `toDecNumber` does none of this:
-    /// `static_cast<double>(number.toDecNumber())`, with <zo/DecNumber.h>, is safe.
+    /// keep the low bits: 0). `as` does none of this.
     /// @{
     char toChar() const;
     unsigned char toUChar() const;
@@ -143,6 +161,36 @@ public:
     /// of the functions above.
     template <class T>
     T& getValue(T& out) const;
+    /// @}
+
+    /// \name Exact conversion
+    /// For every `T` of `k_holdsNumbers`. The answer does not depend on which forms of the number
+    /// have been derived so far, and neither derives one: a number that no thread changes may be
+    /// read so by many.
+    ///
+    /// An integer type gets the value if it has it exactly: 1e3 is 1000, 2.50e1 is 25, -0 is 0;
+    /// 1.5 is out of range. A floating type gets the nearest value, zero and negative ones as well;
+    /// what rounds to an infinity is out of range. What is no number (a NaN, an infinity, a text
+    /// without the syntax of `zo::DecNumber`) is out of range for both. `std::string` gets a text
+    /// that was set or read as it is, whatever it says, and otherwise one that reads back: the text
+    /// that `toString` gives if it does, or else that of `setExact`; a NaN and an infinity have
+    /// none. Of a binary `double` whose 6-digit text reads back, that text is the value: set to
+    /// 0.1, it is 0.1 for a `long double`, too.
+    ///
+    /// Only for an empty text does the first derivation of the binary form change the answer: the
+    /// number then becomes the integer that `type` leaves. Linear in the text's length.
+    ///
+    ///     const long long id = number.as<long long>();
+    ///     const std::optional<double> ratio = number.tryAs<double>();
+    /// @{
+
+    /// The value, or `ValueOutOfRange<BasicNumber, T>`, whose bounds are those of `T`; for
+    /// `std::string`, where a NaN or an infinity alone is refused, they are empty.
+    template <class T, class = std::enable_if_t<k_holdsNumbers<T>>>
+    T as() const;
+    /// The value, or nothing.
+    template <class T, class = std::enable_if_t<k_holdsNumbers<T>>>
+    std::optional<T> tryAs() const;
     /// @}
 
     /// \name Comparison

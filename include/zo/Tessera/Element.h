@@ -4,7 +4,9 @@
 #include <cstddef>
 #include <iosfwd>
 #include <memory>
+#include <optional>
 #include <string>
+#include <type_traits>
 
 #include <zo/Tessera/BasicNumber.h>
 #include <zo/Tessera/Path.h>
@@ -198,8 +200,8 @@ public:
     /// `BasicNumber::type` throws. References live as long as the element.
     ///
     /// Beware: `double` and `float` refuse zero and every negative number (see
-    /// `BasicNumber::toDouble`), and convert const elements only: `double d = std::as_const(e)`.
-    /// To assign to a string that exists, write `s = e.getStringValue().value()`.
+    /// `BasicNumber::toDouble`), and convert const elements only. `as` does neither. To assign to a
+    /// string that exists, write `s = e.getStringValue().value()`.
     /// @{
     operator bool();
     operator bool() const;
@@ -229,6 +231,24 @@ public:
     operator unsigned long long() const;
     operator double() const;
     operator float() const;
+    /// @}
+
+    /// \name Reading a scalar exactly
+    /// `T` is `bool` for a boolean, `std::string` for a string, and any other built-in arithmetic
+    /// type for a number, which is converted as `BasicNumber::as` does: exactly, and without
+    /// filling a cache.
+    ///
+    ///     const double d = e.as<double>();
+    ///     const int width = root.get("width").tryAs<int>().value_or(640);
+    /// @{
+
+    /// The value. Another kind throws `TypeException<EType>`, a number that does not fit
+    /// `ValueOutOfRange<BasicNumber, T>`.
+    template <class T>
+    T as() const;
+    /// The value, or nothing where `as` throws these two.
+    template <class T>
+    std::optional<T> tryAs() const;
     /// @}
 
     /// \name Reaching children
@@ -359,18 +379,41 @@ ZO_TESSERA_EXPORT std::unique_ptr<Element> value(long number);
 ZO_TESSERA_EXPORT std::unique_ptr<Element> value(unsigned long number);
 ZO_TESSERA_EXPORT std::unique_ptr<Element> value(long long number);
 ZO_TESSERA_EXPORT std::unique_ptr<Element> value(unsigned long long number);
-/// Written with 6 significant digits only; for more, set a `BasicNumber` from text.
+/// Written with 6 significant digits only; `exactValue` keeps all.
 ZO_TESSERA_EXPORT std::unique_ptr<Element> value(double number);
 ZO_TESSERA_EXPORT std::unique_ptr<Element> value(const std::string& text);
 /// The text up to its terminating zero. A null pointer throws `zo::Tessera::Exception` "Null
 /// pointer exception: text may not be null".
 ZO_TESSERA_EXPORT std::unique_ptr<Element> value(const char* text);
+/// A number whose text reads back to `number`: see `BasicNumber::setExact`.
+ZO_TESSERA_EXPORT std::unique_ptr<Element> exactValue(double number);
 /// Any other pointer would be taken for a boolean.
 template <class T>
 std::unique_ptr<Element> value(const T* pointer) = delete;
 ZO_TESSERA_EXPORT std::unique_ptr<Element> object();
 ZO_TESSERA_EXPORT std::unique_ptr<Element> array();
 /// @}
+
+template <class T>
+T Element::as() const {
+    if constexpr (std::is_same_v<T, bool>) {
+        return operator bool();
+    } else if constexpr (std::is_same_v<T, std::string>) {
+        return operator const std::string&();
+    } else {
+        return operator const BasicNumber&().as<T>();
+    }
+}
+
+template <class T>
+std::optional<T> Element::tryAs() const {
+    if constexpr (std::is_same_v<T, bool> || std::is_same_v<T, std::string>) {
+        constexpr EType kind = std::is_same_v<T, bool> ? etBoolean : etString;
+        return type() == kind ? std::optional<T>(as<T>()) : std::nullopt;
+    } else {
+        return type() == etNumber ? operator const BasicNumber&().tryAs<T>() : std::nullopt;
+    }
+}
 
 }  // namespace zo::Tessera
 

@@ -159,7 +159,7 @@ private:
 
 /// A number that does not fit into the type asked for, or a number text whose binary form cannot be
 /// derived (`From` and `To` are then `std::string`, and the bounds are empty).
-/// `To` is one of the twelve types of `BasicNumber::getValue` when `From` is `BasicNumber`.
+/// When `From` is `BasicNumber`, `To` is one of the types of `k_holdsNumbers`.
 template <class From, class To>
 class ZO_TESSERA_EXPORT ValueOutOfRange : public Exception {
 public:
@@ -170,8 +170,8 @@ public:
     ~ValueOutOfRange() override;
 
     /// For example: Value out of range! Value: 3000000000 Min: -2147483648 Max: 2147483647
-    /// Beware: the bounds of the two char types are written as raw bytes; 0 among them ends what
-    /// `what()` shows. As `what()` does, this may fill a cache: not in two threads at once.
+    /// Beware: the bounds of `char` and `unsigned char` are written as raw bytes; 0 among them ends
+    /// what `what()` shows. As `what()` does, this may fill a cache: not in two threads at once.
     void generateWhat(std::string& out) const override;
     ValueOutOfRange* clone() const override;
 
@@ -190,7 +190,11 @@ private:
 
 extern template class ValueOutOfRange<std::string, std::string>;
 extern template class ValueOutOfRange<BasicNumber, char>;
+extern template class ValueOutOfRange<BasicNumber, signed char>;
 extern template class ValueOutOfRange<BasicNumber, unsigned char>;
+extern template class ValueOutOfRange<BasicNumber, wchar_t>;
+extern template class ValueOutOfRange<BasicNumber, char16_t>;
+extern template class ValueOutOfRange<BasicNumber, char32_t>;
 extern template class ValueOutOfRange<BasicNumber, short>;
 extern template class ValueOutOfRange<BasicNumber, unsigned short>;
 extern template class ValueOutOfRange<BasicNumber, int>;
@@ -201,6 +205,8 @@ extern template class ValueOutOfRange<BasicNumber, long long>;
 extern template class ValueOutOfRange<BasicNumber, unsigned long long>;
 extern template class ValueOutOfRange<BasicNumber, float>;
 extern template class ValueOutOfRange<BasicNumber, double>;
+extern template class ValueOutOfRange<BasicNumber, long double>;
+extern template class ValueOutOfRange<BasicNumber, std::string>;
 
 }  // namespace zo::Tessera
 
