@@ -68,19 +68,29 @@ public:
 
     /// Puts a copy of `value` last. Amortised constant. After an exception (out of memory, a copy
     /// that throws) the list is as before.
-    void push_back(const T& value) {
+    void push_back(const T& value) { insert(m_list->end(), value); }
+
+    /// Puts a copy of `value` before `position`, which must be one of this list or its end, and
+    /// returns where it stands. Linear in the whole list unless at the end, since all places are
+    /// counted anew. After an exception the list is as before.
+    iterator insert(iterator position, const T& value) {
         // The node joins the list when nothing can fail any more; joining keeps its address.
         List added(m_list->get_allocator());
         added.push_back(value);
-        m_slots->push_back(std::addressof(added.back()));
-        m_list->splice(m_list->end(), added);
+        const auto node = added.begin();
+        m_slots->push_back(std::addressof(*node));
+        m_list->splice(position, added);
+        if (position != m_list->end()) {
+            recount();
+        }
+        return node;
     }
 
     /// Erases the value at `position`, which must be one of this list, and returns the one that
     /// follows it. All places are counted anew: linear in the whole list, wherever `position` is.
     /// Allocates nothing.
     iterator erase(iterator position) {
-        const iterator following = m_list->erase(position);
+        const auto following = m_list->erase(position);
         recount();
         return following;
     }

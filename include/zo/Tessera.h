@@ -22,5 +22,6 @@
 #include <zo/Tessera/PathParser.h>
 #include <zo/Tessera/SchemaPathConverters.h>
 #include <zo/Tessera/TBasicElement.h>
+#include <zo/Tessera/visit.h>
 
 #endif

@@ -9,6 +9,7 @@
 #include <zo/convert.h>
 
 #include "containers/Children.h"
+#include "containers/Place.h"
 #include "support/asciiText.h"
 
 namespace zo::Tessera {
@@ -154,6 +155,66 @@ void appendCopies(Array& target, const Array& source) {
 
 void appendCopies(Object& target, const Object& source) {
     TreeCopier::copyChildren(target, source);
+}
+
+namespace {
+
+/// Sets places in trees without recursion.
+class TreeAttacher {
+public:
+    template <class Container>
+    static void attachBelow(Container& top) {
+        TreeAttacher attacher;
+        attacher.attachChildren(top);
+        attacher.run();
+    }
+
+private:
+    void run() {
+        // All places are set but for those below the waiting containers.
+        while (!m_waiting.empty()) {
+            Element& container = *m_waiting.back();
+            m_waiting.pop_back();
+            if (container.type() == etArray) {
+                attachChildren(container.getArrayValue());
+            } else {
+                attachChildren(container.getObjectValue());
+            }
+        }
+    }
+
+    void attachChildren(Array& array) {
+        size_t index = 0;
+        for (Element* const item : array) {
+            Place::setItem(*item, array, index++);
+            addIfContainer(*item);
+        }
+    }
+
+    void attachChildren(Object& object) {
+        for (const Object::iterator::value_type& member : object) {
+            Place::setMember(*member.second, object, member.first);
+            addIfContainer(*member.second);
+        }
+    }
+
+    void addIfContainer(Element& element) {
+        if (element.type() == etArray || element.type() == etObject) {
+            m_waiting.push_back(&element);
+        }
+    }
+
+    std::vector<Element*> m_waiting;  // containers whose children's places are not set yet
+};
+
+}  // namespace
+
+void reattachChildren(Array& array) {
+    TreeAttacher::attachBelow(array);
+}
+
+void reattachChildren(Object& object) {
+    TreeAttacher::attachBelow(object);
 }
 
 namespace {

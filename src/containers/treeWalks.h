@@ -38,6 +38,13 @@ void appendCopies(Array& target, const Array& source);
 void appendCopies(Object& target, const Object& source);
 /// @}
 
+/// Sets the parent, the key and the index of all that is below the container. If memory runs out,
+/// some are set and the others as before.
+/// @{
+void reattachChildren(Array& array);
+void reattachChildren(Object& object);
+/// @}
+
 /// By size, then by the first pair of children that differ.
 /// @{
 int compareChildren(const Array& left, const Array& right);

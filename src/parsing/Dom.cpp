@@ -34,6 +34,24 @@ Dom& Dom::operator=(const Dom& other) {
     return *this;
 }
 
+Dom::Dom(Dom&& other) noexcept
+    : m_root(std::move(other.m_root)),
+      m_includeMeta(other.m_includeMeta),
+      m_metaKey(std::move(other.m_metaKey)) {
+    other.m_metaKey.clear();
+}
+
+Dom& Dom::operator=(Dom&& other) noexcept {
+    if (this != &other) {
+        m_includeMeta = other.m_includeMeta;
+        m_metaKey = std::move(other.m_metaKey);
+        other.m_metaKey.clear();
+        // Last, as it deletes the tree that was here.
+        m_root = std::move(other.m_root);
+    }
+    return *this;
+}
+
 Dom::~Dom() = default;
 
 Element* Dom::root() {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <iosfwd>
+#include <memory>
 #include <string>
 
 #include <zo/IndexList.h>
@@ -34,9 +35,9 @@ public:
 
     /// Replaces the children by deep copies of those of `other`, which may be this array or stand
     /// inside it. Linear in both trees. The copies are owned but not attached: `parent()` of each
-    /// is null. If a copy fails, the array is left with those made so far, or as before when there
-    /// is no memory to begin. Where this array stands inside `other`, its own copy holds what it
-    /// has been given by then.
+    /// is null, until `reattach`. If a copy fails, the array is left with those made so far, or as
+    /// before when there is no memory to begin. Where this array stands inside `other`, its own
+    /// copy holds what it has been given by then.
     Array& assign(const Array& other);
 
     /// Puts `child` last and takes it over: sets its parent and index, and an empty key.
@@ -44,6 +45,45 @@ public:
     /// `zo::Tessera::Exception` "Null pointer exception: child may not be null". After any
     /// exception the array is as before and the child still the caller's. Amortised constant.
     void push_back(Element* child);
+
+    /// \name Editing
+    /// Each keeps the parent, the key and the index of every item right: those of the items from
+    /// the one concerned on are set anew. Unless told otherwise linear in the array, and after any
+    /// exception everything is as before. An `index` without an item throws
+    /// `zo::Tessera::Exception` "Array does not contain [3]".
+    ///
+    /// What is put in must not be null, nor have a parent, nor be this array or one of the
+    /// containers around it: otherwise `zo::Tessera::Exception` "Null pointer exception: child may
+    /// not be null", "Element has a parent already" or "Element cannot be put into itself" is
+    /// thrown and the element stays the caller's, as after any exception. Beware: an element that a
+    /// container owns without being its parent (see `assign`), or a `Dom` as its root, cannot be
+    /// told from a free one: take it out first. Nor do containers that do not know their parents
+    /// show what is around them.
+    /// @{
+
+    /// Deletes the item.
+    void erase(size_t index);
+    /// Takes the item out and hands it to the caller, detached.
+    std::unique_ptr<Element> take(size_t index);
+    /// Puts `element` before the item at `index`, or last when that is `size()`, and takes it over;
+    /// returns it.
+    /// @{
+    Element& insert(size_t index, Element* element);
+    Element& insert(size_t index, std::unique_ptr<Element>&& element);
+    /// @}
+    /// Deletes the item and puts `element`, which it takes over, in its place; returns it.
+    /// Constant, and linear in what is deleted.
+    /// @{
+    Element& replace(size_t index, Element* element);
+    Element& replace(size_t index, std::unique_ptr<Element>&& element);
+    /// @}
+    /// Deletes all items, in order. Allocates nothing.
+    void clear();
+    /// Sets the parent, the key and the index of everything below this array, at any depth: after
+    /// copying, `assign` or a setter, `removeElement`, or what replaced a member. Linear in the
+    /// tree. If memory runs out, some are set and the others as before; it may be called again.
+    void reattach();
+    /// @}
 
     /// The children, as `Element*`, in order. Replacing a pointer through an iterator bypasses
     /// ownership: do not.

@@ -19,10 +19,17 @@ public:
 
     /// Empty; the meta member is written.
     Dom();
-    /// A deep copy of the tree, and the settings.
+    /// A deep copy of the tree, and the settings. Beware: the children of a copied root are not
+    /// attached to it (see `Element`); `reattach` of the copied root does that.
     Dom(const Dom& other);
     /// As copying does. If memory runs out the document is as before.
     Dom& operator=(const Dom& other);
+    /// Takes over the tree, whose elements stay where they are, and the settings; `other` is then
+    /// empty, and has no meta key.
+    /// @{
+    Dom(Dom&& other) noexcept;
+    Dom& operator=(Dom&& other) noexcept;
+    /// @}
     virtual ~Dom();
 
     /// The root, owned by the document; null when it is empty.

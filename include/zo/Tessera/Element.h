@@ -47,15 +47,16 @@ ZO_TESSERA_EXPORT std::wostream& operator<<(std::wostream& out, EType type);
 /// attached element. An element that nobody holds (a root, a clone, what the free factories return)
 /// has no parent, an empty key and the index `Path::k_noIndex`.
 ///
-/// Only two operations attach: `Object::insert` of a new key and `Array::push_back`. The children
-/// of a copied or assigned container are owned but not attached: their `parent()` is null and their
-/// paths begin at themselves. What replaces a member keeps the place that it came with.
+/// Of the operations that are not under "Editing" only two attach: `Object::insert` of a new key
+/// and `Array::push_back`. The children of a copied or assigned container are owned but not
+/// attached: their `parent()` is null and their paths begin at themselves, until `reattach` of the
+/// container. What replaces a member by `Object::insert` keeps the place that it came with.
 ///
 /// Every access by the wrong kind throws `TypeException<EType>`, which names both kinds and the
 /// element's path; the element is then unchanged. Nothing converts between kinds.
 ///
 /// Elements have no locks, and even reading a number fills its caches: a tree that several threads
-/// share needs outside locking.
+/// share needs outside locking, or `prepareForSharing` if they only read.
 class ZO_TESSERA_EXPORT Element {
 public:
     virtual ~Element();
@@ -251,6 +252,13 @@ public:
     std::optional<T> tryAs() const;
     /// @}
 
+    /// Derives what reading a number of this tree would derive, so that, as long as nobody changes
+    /// the tree, any number of threads may read it without a lock: from then on no operation on it
+    /// as a constant writes. Beware of integer texts that are out of range for `BasicNumber::type`:
+    /// the exception that they throw once is spent by this, and only `as` still tells. If memory
+    /// runs out, the rest of the tree is not prepared. Linear in the tree, at any depth.
+    void prepareForSharing() const;
+
     /// \name Reaching children
     /// References live until the child is deleted, wherever its container goes.
     /// @{
@@ -293,6 +301,28 @@ public:
     /// deleted, as after any exception.
     Element& insertElement(const Path& path, const Element& element);
     Element& insertElement(const Path& path, std::unique_ptr<Element> element);
+
+    /// Puts `element`, or a deep copy of it, at `path`, attached, and returns it. What is there is
+    /// deleted, of whatever kind it is, and its place taken; what is missing on the way is created,
+    /// an array where the next segment is an index and an object where it is a key. An index may be
+    /// that of an item, the size of the array, or "*": the last two append.
+    ///
+    ///     root.set("list[*].name", value("Ada"));
+    ///
+    /// A segment that can be neither found nor created (a key in an array, an index past the size,
+    /// anything in a scalar) throws `PathNotFound`, which names the innermost container that is
+    /// there; an empty path, and what `Array::insert` refuses, `zo::Tessera::Exception`. After any
+    /// exception the tree is as before, and an `element` that was handed over still the caller's.
+    /// To change a value and keep the element, use `tryUpdate`.
+    /// @{
+    Element& set(const Path& path, const Element& element);
+    Element& set(const Path& path, std::unique_ptr<Element>&& element);
+    /// @}
+    /// Deletes the element at `path` and takes it out of its container; returns whether there was
+    /// one. An empty path throws `zo::Tessera::Exception` "Path may not be empty": no element
+    /// deletes itself. The whole path is read before anything is looked up. Costs what
+    /// `Object::erase` or `Array::erase` does.
+    bool remove(const Path& path);
     /// @}
 
     /// \name Searching the items of an array
@@ -359,6 +389,7 @@ private:
 
     friend class Array;
     friend class Object;
+    friend class Place;
     friend class TreeDestroyer;
 
     Element* m_parent;  // not owned

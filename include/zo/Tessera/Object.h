@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <functional>
 #include <iosfwd>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -40,9 +41,10 @@ public:
 
     /// Replaces the members by deep copies of those of `other`, which may be this object or stand
     /// inside it. Linear in both trees. The copies are owned but not attached: `parent()` of each
-    /// is null and `key()` empty, while the object still finds them by key. If a copy fails, the
-    /// object is left with those made so far, or as before when there is no memory to begin. Where
-    /// this object stands inside `other`, its own copy holds what it has been given by then.
+    /// is null and `key()` empty until `reattach`, while the object still finds them by key. If a
+    /// copy fails, the object is left with those made so far, or as before when there is no memory
+    /// to begin. Where this object stands inside `other`, its own copy holds what it has been given
+    /// by then.
     Object& assign(const Object& other);
 
     /// Deletes all members, in insertion order. Allocates nothing.
@@ -52,14 +54,43 @@ public:
     ///
     /// A new key goes last, and `value` is attached: its parent and key are set. A key that exists
     /// keeps its place; the old value is deleted, and `value` is stored as it is, not attached: its
-    /// parent and key stay what they were. Where the kind stays, a setter of the old value keeps
-    /// its place.
+    /// parent and key stay what they were: `replace` attaches it.
     ///
     /// `value` must not be held by a container already; that is not checked. The very element that
     /// is stored under `key` changes nothing. A null value throws `zo::Tessera::Exception` "Null
     /// pointer exception: child may not be null". After any exception the object is as before and
     /// the value still the caller's. Logarithmic, and linear in what is deleted.
     std::pair<iterator, bool> insert(const std::string& key, Element* value);
+
+    /// \name Editing
+    /// Each keeps the parent, the key and the index of every member right. Logarithmic, and linear
+    /// in what is deleted. After any exception everything is as before. `key` may be the one of the
+    /// member concerned. What is put in is refused as `Array::insert` does.
+    /// @{
+
+    /// Deletes the member `key`; returns whether there was one.
+    bool erase(const std::string& key);
+    /// Takes the member `key` out and hands it to the caller, detached. A missing one throws as
+    /// `at` does.
+    std::unique_ptr<Element> take(const std::string& key);
+    /// Deletes the member `key` and puts `element`, which it takes over, in its place, attached;
+    /// returns it. A key that is new goes last, as with `insert`.
+    /// @{
+    Element& replace(const std::string& key, Element* element);
+    Element& replace(const std::string& key, std::unique_ptr<Element>&& element);
+    /// @}
+    /// Sets the parent, the key and the index of everything below this object: see
+    /// `Array::reattach`.
+    void reattach();
+    /// @}
+
+    /// Whether there is a member `key`. Logarithmic.
+    bool contains(const std::string& key) const;
+    /// The member `key`, or null. Logarithmic.
+    /// @{
+    Element* tryAt(const std::string& key);
+    const Element* tryAt(const std::string& key) const;
+    /// @}
 
     using Element::at;
     /// The member `key`; a missing one throws `zo::Tessera::Exception` "Object does not contain

@@ -1,0 +1,122 @@
+#include <zo/IndexList.h>
+
+#include <cstddef>
+#include <iterator>
+#include <new>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "FailingAllocator.h"
+
+namespace {
+
+using List = zo::IndexList<int>;
+using FailingList = zo::IndexList<int, FailingAllocator<int>>;
+
+/// The values in order, for example "1 2 3". Adds "!" to a value that its index does not reach.
+template <class AnyList>
+std::string dump(const AnyList& list) {
+    std::string text;
+    std::size_t index = 0;
+    for (auto value = list.begin(); value != list.end(); ++value, ++index) {
+        text += (index == 0 ? "" : " ") + std::to_string(*value);
+        text += &list[index] == &*value ? "" : "!";
+    }
+    return index == list.size() ? text : text + " but size() is " + std::to_string(list.size());
+}
+
+template <class AnyList = List>
+AnyList upTo(int last) {
+    AnyList list;
+    for (int value = 1; value <= last; ++value) {
+        list.push_back(value);
+    }
+    return list;
+}
+
+TEST(IndexListInsert, PutsAValueFirst) {
+    List list = upTo(3);
+    const List::iterator added = list.insert(list.begin(), 7);
+    EXPECT_EQ(added, list.begin());
+    EXPECT_EQ(dump(list), "7 1 2 3");
+}
+
+TEST(IndexListInsert, PutsAValueInTheMiddle) {
+    List list = upTo(3);
+    const List::iterator added = list.insert(std::next(list.begin(), 2), 7);
+    EXPECT_EQ(added, std::next(list.begin(), 2));
+    EXPECT_EQ(dump(list), "1 2 7 3");
+}
+
+TEST(IndexListInsert, PutsAValueLast) {
+    List list = upTo(3);
+    const List::iterator added = list.insert(list.end(), 7);
+    EXPECT_EQ(added, std::prev(list.end()));
+    EXPECT_EQ(dump(list), "1 2 3 7");
+}
+
+TEST(IndexListInsert, PutsAValueIntoAnEmptyList) {
+    List list;
+    EXPECT_EQ(*list.insert(list.begin(), 7), 7);
+    EXPECT_EQ(dump(list), "7");
+}
+
+TEST(IndexListInsert, TakesAValueOfItsOwn) {
+    List list = upTo(2);
+    for (int i = 0; i < 20; ++i) {
+        list.insert(list.begin(), list[list.size() - 1]);
+    }
+    EXPECT_EQ(list[0], 2);
+    EXPECT_EQ(list.size(), 22U);
+}
+
+TEST(IndexListInsert, KeepsAddressesAndIterators) {
+    List list = upTo(2);
+    const int* const value = &list[1];
+    const List::iterator second = std::next(list.begin());
+    const List::iterator end = list.end();
+    for (int i = 0; i < 1000; ++i) {
+        list.insert(second, i);
+    }
+    EXPECT_EQ(&list[1001], value);
+    EXPECT_EQ(&*second, value);
+    EXPECT_EQ(list.end(), end);
+}
+
+TEST(IndexListInsert, GoesTogetherWithErasing) {
+    List list = upTo(4);
+    list.insert(list.erase(std::next(list.begin())), 7);
+    list.push_back(8);
+    EXPECT_EQ(dump(list), "1 7 3 4 8");
+}
+
+TEST(IndexListInsert, LeavesTheListAsBeforeWhenItRunsOutOfMemory) {
+    auto list = upTo<FailingList>(4);  // the fifth value needs more room for the places, too
+    const int live = AllocationCount::s_live;
+    int failures = 0;
+    for (bool done = false; !done;) {
+        try {
+            const AllocationLimit limit(failures);
+            list.insert(list.begin(), 5);
+            done = true;
+        } catch (const std::bad_alloc&) {
+            ++failures;
+            EXPECT_EQ(dump(list), "1 2 3 4");
+            EXPECT_EQ(AllocationCount::s_live, live);
+        }
+    }
+    EXPECT_EQ(failures, 2) << "one for the value, one for the places";
+    EXPECT_EQ(dump(list), "5 1 2 3 4");
+}
+
+TEST(IndexListInsert, MakesRoomForMoreThanOnePlaceAtATime) {
+    auto list = upTo<FailingList>(1);
+    const int made = AllocationCount::s_made;
+    for (int value = 0; value < 1000; ++value) {
+        list.insert(list.begin(), value);
+    }
+    EXPECT_LT(AllocationCount::s_made - made, 1020) << "the values and a few more";
+}
+
+}  // namespace

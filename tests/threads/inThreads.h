@@ -1,0 +1,34 @@
+#ifndef ZO_TESSERA_TESTS_THREADS_INTHREADS_H
+#define ZO_TESSERA_TESTS_THREADS_INTHREADS_H
+
+#include <atomic>
+#include <cstddef>
+#include <set>
+#include <string>
+#include <thread>
+#include <vector>
+
+/// Calls `work` in several threads, which wait for each other before they begin, and gives the
+/// distinct results.
+template <class Work>
+std::set<std::string> resultsOfThreads(const Work& work) {
+    constexpr std::size_t threadCount = 8;
+    std::vector<std::string> results(threadCount);
+    std::atomic<std::size_t> missing(threadCount);
+    std::vector<std::thread> threads;
+    for (std::string& result : results) {
+        threads.emplace_back([&work, &result, &missing] {
+            --missing;
+            while (missing > 0) {
+                std::this_thread::yield();
+            }
+            result = work();
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    return std::set<std::string>(results.begin(), results.end());
+}
+
+#endif
