@@ -18,7 +18,7 @@
 #include "support/parsed.h"
 #include "support/thrown.h"
 #include "threads/activities.h"
-#include "threads/inThreads.h"
+#include "threads/resultsOfThreads.h"
 
 using namespace zo::Tessera;
 

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <exception>
 #include <locale>
 #include <memory>
@@ -19,35 +18,13 @@
 #include "support/EventLog.h"
 #include "support/parsed.h"
 #include "threads/activities.h"
+#include "threads/resultsOfThreads.h"
 
 using namespace zo::Tessera;
 
 namespace {
 
-constexpr size_t k_threads = 8;
 constexpr size_t k_rounds = 20;
-
-/// Calls `work` in several threads, which wait for each other before they begin, and gives the
-/// distinct results.
-template <class Work>
-std::set<std::string> inThreads(const Work& work) {
-    std::vector<std::string> results(k_threads);
-    std::atomic<size_t> missing(k_threads);
-    std::vector<std::thread> threads;
-    for (std::string& result : results) {
-        threads.emplace_back([&work, &result, &missing] {
-            --missing;
-            while (missing > 0) {
-                std::this_thread::yield();
-            }
-            result = work();
-        });
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-    return std::set<std::string>(results.begin(), results.end());
-}
 
 std::set<std::string> only(const std::string& result) {
     return {result};
@@ -96,12 +73,12 @@ std::string readAll(const Element& root) {
 // The first test, for a library that nothing has used yet.
 TEST(Threads, MayAllBeTheFirstToUseTheLibrary) {
     for (const Activity& activity : activities()) {
-        EXPECT_EQ(inThreads(activity.run), only(activity.result));
+        EXPECT_EQ(resultsOfThreads(activity.run), only(activity.result));
     }
 }
 
 TEST(Threads, DoEverythingAtOnceWithTreesOfTheirOwn) {
-    EXPECT_EQ(inThreads([] {
+    EXPECT_EQ(resultsOfThreads([] {
                   std::string wrong;
                   for (size_t round = 0; round < k_rounds; ++round) {
                       wrong += doEverything();
@@ -112,7 +89,7 @@ TEST(Threads, DoEverythingAtOnceWithTreesOfTheirOwn) {
 }
 
 TEST(Threads, MakeEditAndDestroyATreeInTurn) {
-    EXPECT_EQ(inThreads([] {
+    EXPECT_EQ(resultsOfThreads([] {
                   std::unique_ptr<Element> tree;
                   std::string text;
                   elsewhere([&tree] { tree = parsed(R"({"a":[1,{"b":2}]})"); });
@@ -137,7 +114,7 @@ TEST(Threads, ParseThePiecesOfATextInTurn) {
 TEST(Threads, ReadOneTreeWhoseNumbersHaveBothForms) {
     const std::unique_ptr<const Element> tree = parsed(k_shared);
     EXPECT_EQ(readAll(*tree), k_readings);  // derives what the numbers lacked
-    EXPECT_EQ(inThreads([&tree] {
+    EXPECT_EQ(resultsOfThreads([&tree] {
                   std::set<std::string> readings;
                   for (size_t round = 0; round < k_rounds; ++round) {
                       readings.insert(readAll(*tree));
@@ -150,12 +127,12 @@ TEST(Threads, ReadOneTreeWhoseNumbersHaveBothForms) {
 TEST(Threads, ShareATreeUnderALock) {
     const std::unique_ptr<Element> tree = parsed(k_shared);
     std::mutex lock;
-    EXPECT_EQ(inThreads([&tree, &lock] {
+    EXPECT_EQ(resultsOfThreads([&tree, &lock] {
                   const std::lock_guard<std::mutex> locked(lock);
                   return readAll(*tree);
               }),
               only(k_readings));
-    inThreads([&tree, &lock] {
+    resultsOfThreads([&tree, &lock] {
         const std::lock_guard<std::mutex> locked(lock);
         tree->tryUpdate("list[*]", *value(1));
         return "";
@@ -172,7 +149,7 @@ TEST(Threads, ReadTheirOwnCopiesOfAnExceptionThatOneThrew) {
             shared = std::current_exception();
         }
     });
-    EXPECT_EQ(inThreads([&shared]() -> std::string {
+    EXPECT_EQ(resultsOfThreads([&shared]() -> std::string {
                   try {
                       std::rethrow_exception(shared);
                   } catch (const TypeException<EType>& mismatch) {

@@ -1,5 +1,5 @@
-#ifndef ZO_TESSERA_TESTS_THREADS_INTHREADS_H
-#define ZO_TESSERA_TESTS_THREADS_INTHREADS_H
+#ifndef ZO_TESSERA_TESTS_THREADS_RESULTSOFTHREADS_H
+#define ZO_TESSERA_TESTS_THREADS_RESULTSOFTHREADS_H
 
 #include <atomic>
 #include <cstddef>
@@ -8,13 +8,14 @@
 #include <thread>
 #include <vector>
 
-/// Calls `work` in several threads, which wait for each other before they begin, and gives the
+constexpr std::size_t k_threads = 8;
+
+/// Calls `work` in `k_threads` threads, which wait for each other before they begin, and gives the
 /// distinct results.
 template <class Work>
 std::set<std::string> resultsOfThreads(const Work& work) {
-    constexpr std::size_t threadCount = 8;
-    std::vector<std::string> results(threadCount);
-    std::atomic<std::size_t> missing(threadCount);
+    std::vector<std::string> results(k_threads);
+    std::atomic<std::size_t> missing(k_threads);
     std::vector<std::thread> threads;
     for (std::string& result : results) {
         threads.emplace_back([&work, &result, &missing] {
