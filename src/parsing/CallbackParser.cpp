@@ -1,17 +1,10 @@
 #include <zo/Tessera/CallbackParser.h>
 
-#include <yajl/yajl_parse.h>
-
 #include <exception>
 #include <istream>
-#include <limits>
-#include <list>
 #include <new>
 
-#include <zo/Tessera/Exception.h>
-
-#include "parsing/TokeniserLocale.h"
-#include "support/BlockPool.h"
+#include "parsing/CallbackParserPrivate.h"
 
 namespace zo::Tessera {
 
@@ -19,25 +12,6 @@ namespace {
 
 // Observable: the tokeniser's messages show the text around an error within one piece.
 constexpr std::streamsize k_pieceLength = 255;
-
-// The tokeniser starts a token again whenever a piece ends within it. Pieces of a token that is
-// longer than this are put together, lest it cost the square of its length.
-constexpr size_t k_longToken = 4096;
-
-// Where the tokeniser converts numbers, it takes their lengths for an `unsigned int`. Half of that,
-// for how much of a piece stands behind its last event is not known.
-constexpr size_t k_longestConvertible = std::numeric_limits<unsigned int>::max() / 2;
-
-struct HandleDeleter {
-    void operator()(yajl_handle handle) const { yajl_free(handle); }
-};
-using Handle = std::unique_ptr<yajl_handle_t, HandleDeleter>;
-
-struct ErrorTextDeleter {
-    yajl_handle m_handle;
-    void operator()(unsigned char* text) const { yajl_free_error(m_handle, text); }
-};
-using ErrorText = std::unique_ptr<unsigned char, ErrorTextDeleter>;
 
 const unsigned char* asBytes(const char* text) {
     return reinterpret_cast<const unsigned char*>(text);
@@ -70,35 +44,6 @@ std::exception_ptr readPieces(std::istream& in, size_t amount, std::string& text
 }
 
 }  // namespace
-
-struct CallbackParser::Private {
-    BlockPool m_memory;
-    Handle m_handle;
-    yajl_status m_status = yajl_status_ok;
-    yajl_callbacks m_callbacks = {};
-    // Kept after an error that the listener accepted, who may still hold the text. Freed before the
-    // handle that they came from.
-    std::list<ErrorText> m_acceptedErrors;
-    TokeniserLocale m_locale;
-    size_t m_piece = 0;    // the bytes of the piece at hand
-    size_t m_silence = 0;  // the bytes of the pieces before it, since the last event
-
-    /// For the rest of the piece at hand.
-    void prepareConversion() {
-        if (m_callbacks.yajl_double == nullptr) {
-            return;
-        }
-        if (m_piece > k_longestConvertible || m_silence > k_longestConvertible - m_piece) {
-            throw Exception("Text too long for numbers to be converted!");
-        }
-        m_locale.enterClassic();
-    }
-
-    /// How much text to read before the tokeniser gets it, but for the end of a stream.
-    size_t amountAtOnce() const {
-        return m_status == yajl_status_ok && m_silence >= k_longToken ? m_silence : 1;
-    }
-};
 
 CallbackParserListener::~CallbackParserListener() = default;
 
@@ -158,8 +103,8 @@ int CallbackParser::parse(const char* data, size_t length) {
         return 0;
     }
     constexpr int verbose = 1;
-    std::list<ErrorText> text;
-    text.emplace_back(nullptr, ErrorTextDeleter{handle});
+    std::list<YajlErrorText> text;
+    text.emplace_back(nullptr, YajlErrorTextDeleter{handle});
     text.front().reset(yajl_get_error(handle, verbose, asBytes(data), length));
     if (!text.front()) {
         throw std::bad_alloc();
@@ -194,6 +139,7 @@ int CallbackParser::tokenise(const unsigned char* data, size_t length) {
     }
     const WhileTokenising scope(m_private->m_locale);
     m_private->m_piece = length;
+    m_private->m_settled.reset();
     m_private->prepareConversion();
     m_private->m_silence += length;
     return yajl_parse(m_private->m_handle.get(), data, length);
@@ -203,14 +149,18 @@ int CallbackParser::tokenise(const unsigned char* data, size_t length) {
 template <class Event>
 int CallbackParser::tell(void* context, const Event& event) {
     const CallbackParser& parser = *static_cast<CallbackParser*>(context);
-    parser.m_private->m_silence = 0;
+    Private& state = *parser.m_private;
+    state.m_silence = 0;
     int answer = 0;
     {
-        const WhileListening scope(parser.m_private->m_locale);
+        const WhileListening scope(state.m_locale);
         answer = event(parser.listener());
     }
+    if (answer != 0) {
+        state.m_settled = yajl_get_bytes_consumed(state.m_handle.get());
+    }
     // The listener may have chosen the callbacks anew.
-    parser.m_private->prepareConversion();
+    state.prepareConversion();
     return answer;
 }
 

@@ -44,7 +44,8 @@ public:
 /// UTF-8.
 ///
 /// Beware: the end of the text is never declared. A number at the very end of the input stays
-/// unread until a further character comes, and a truncated document raises nothing.
+/// unread until a further character comes, and a truncated document raises nothing. For whole
+/// documents there is `readDocument`.
 class ZO_TESSERA_EXPORT CallbackParser {
 public:
     /// `listener` is not owned and must outlive the parser. With null, the first event (or error)
@@ -99,6 +100,7 @@ public:
     /// @}
 
 private:
+    friend class DocumentTokeniser;
     struct Private;
 
     CallbackParserListener& listener() const;

@@ -70,6 +70,7 @@ private:
 /// Empties `dom`, then reads the text that `in` has at hand into it, with a `DomParser` of its own.
 /// Throws what `DomParser::parse` throws; the part of the tree that was built then stays. Beware of
 /// what raises nothing: a truncated text, and a lone number at the very end, which is not read.
+/// `readDocument` refuses the one and reads the other.
 ZO_TESSERA_EXPORT std::istream& operator>>(std::istream& in, Dom& dom);
 
 /// Writes the document as JSON text with a `Generator` of its own. A document without a root throws

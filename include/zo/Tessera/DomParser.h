@@ -18,7 +18,8 @@ class Element;
 /// goes on with the text of the first, into an emptied `Dom`.
 ///
 /// A member whose key comes again replaces the earlier value in its place. A text that is cut off
-/// raises nothing, and a number at its very end is not read (see `CallbackParser`).
+/// raises nothing, and a number at its very end is not read (see `CallbackParser`); `readDocument`
+/// refuses the one and reads the other.
 class ZO_TESSERA_EXPORT DomParser : public CallbackParserListener {
 public:
     DomParser();

@@ -1,0 +1,144 @@
+#include "documents/DocumentBuilder.h"
+
+#include <utility>
+
+#include <zo/Tessera/Array.h>
+#include <zo/Tessera/BasicNumber.h>
+#include <zo/Tessera/Exception.h>
+#include <zo/Tessera/Null.h>
+#include <zo/Tessera/Object.h>
+#include <zo/Tessera/PathGenerator.h>
+#include <zo/Tessera/TBasicElement.h>
+
+namespace zo::Tessera {
+
+namespace {
+
+constexpr int k_goOn = 1;
+constexpr int k_stop = 0;
+
+}  // namespace
+
+DocumentBuilder::DocumentBuilder(const ReadOptions& options) : m_options(options) {}
+
+int DocumentBuilder::cb_null() {
+    place(std::make_unique<Null>());
+    return k_goOn;
+}
+
+int DocumentBuilder::cb_boolean(bool value) {
+    place(std::make_unique<TBasicElement<bool>>(value));
+    return k_goOn;
+}
+
+int DocumentBuilder::cb_number(const char* text, size_t length) {
+    auto number = std::make_unique<TBasicElement<BasicNumber>>(BasicNumber());
+    number->value().set(text, length);
+    place(std::move(number));
+    return k_goOn;
+}
+
+int DocumentBuilder::cb_string(const char* text, size_t length) {
+    place(std::make_unique<TBasicElement<std::string>>(std::string(text, length)));
+    return k_goOn;
+}
+
+int DocumentBuilder::cb_start_map() {
+    return open<Object>();
+}
+
+int DocumentBuilder::cb_map_key(const char* text, size_t length) {
+    m_key.assign(text, length);
+    m_haveKey = true;
+    if (m_options.refuseDuplicateKeys && m_container->getObjectValue().contains(m_key)) {
+        return refuse("the object has this key already");
+    }
+    return k_goOn;
+}
+
+int DocumentBuilder::cb_end_map() {
+    return close();
+}
+
+int DocumentBuilder::cb_start_array() {
+    return open<Array>();
+}
+
+int DocumentBuilder::cb_end_array() {
+    return close();
+}
+
+int DocumentBuilder::cb_error(const char*) {
+    // Accepted: the tokeniser is asked what it was.
+    return k_goOn;
+}
+
+int DocumentBuilder::cb_integer(long long) {
+    return k_stop;
+}
+
+int DocumentBuilder::cb_double(double) {
+    return k_stop;
+}
+
+std::string DocumentBuilder::path(bool behindComma) const {
+    if (!m_container) {
+        return std::string();
+    }
+    std::string text = m_container->path(nullptr);
+    if (m_haveKey) {
+        text += text.empty() ? "" : ".";
+        PathGenerator(text).genObjectProperty(m_key);
+    } else if (m_container->type() == etArray && (behindComma || m_container->size() == 0)) {
+        PathGenerator(text).genListItem(m_container->size());
+    }
+    return text;
+}
+
+std::unique_ptr<Element> DocumentBuilder::takeRoot() {
+    return std::move(m_root);
+}
+
+void DocumentBuilder::place(std::unique_ptr<Element> element) {
+    if (!m_container) {
+        m_root = std::move(element);
+    } else if (m_haveKey) {
+        Object& object = m_container->getObjectValue();
+        Element* const member = element.get();
+        const bool isNew = object.insert(m_key, member).second;
+        static_cast<void>(element.release());
+        if (!isNew) {
+            object.replace(m_key, member);  // which attaches it
+        }
+        m_haveKey = false;
+    } else {
+        m_container->getArrayValue().push_back(element.get());
+        static_cast<void>(element.release());
+    }
+}
+
+template <class Container>
+int DocumentBuilder::open() {
+    if (m_depth == m_options.greatestDepth) {
+        return refuse("nested deeper than " + std::to_string(m_depth) + " levels");
+    }
+    auto container = std::make_unique<Container>();
+    Container* const opened = container.get();
+    place(std::move(container));
+    m_container = opened;
+    ++m_depth;
+    return k_goOn;
+}
+
+int DocumentBuilder::close() {
+    m_container = m_container->parent();
+    --m_depth;
+    return k_goOn;
+}
+
+int DocumentBuilder::refuse(const std::string& reason) {
+    m_refusal = reason;
+    return k_stop;
+}
+
+}  // namespace zo::Tessera
