@@ -24,5 +24,6 @@
 #include <zo/Tessera/TBasicElement.h>
 #include <zo/Tessera/readDocument.h>
 #include <zo/Tessera/visit.h>
+#include <zo/Tessera/writeDocument.h>
 
 #endif

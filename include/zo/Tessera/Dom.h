@@ -73,7 +73,8 @@ private:
 /// `readDocument` refuses the one and reads the other.
 ZO_TESSERA_EXPORT std::istream& operator>>(std::istream& in, Dom& dom);
 
-/// Writes the document as JSON text with a `Generator` of its own. A document without a root throws
+/// Writes the document as JSON text with a `Generator` of its own, on many lines and not indented;
+/// `writeDocument` indents, and refuses what is no JSON. A document without a root throws
 /// `zo::Tessera::Exception` "Generator: document has no root!". After any exception the stream may
 /// hold the beginning of the text.
 ZO_TESSERA_EXPORT std::ostream& operator<<(std::ostream& out, const Dom& dom);
