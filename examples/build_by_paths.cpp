@@ -11,39 +11,39 @@ int main() {
     document.setRoot(object());
     Element& root = *document.root();
 
-    // What is missing on the way is created: objects within an object.
-    root.tryUpdate("shop.name", value("Corner"));
-    root.tryUpdate("shop.address.city", value("Ulm"));
+    // What is missing on the way is created: an object for a key, an array for an index.
+    root.set("shop.name", value("Corner"));
+    root.set("shop.address.city", value("Ulm"));
 
-    // "[*]" appends. The array itself must be there: on the way to it an object would be made.
-    root.tryUpdate("shop.articles", array());
+    // "[*]" appends, and set returns what it has put there.
     for (const char* name : {"cup", "plate"}) {
-        Element& article = root.tryUpdate("shop.articles[*]", object());
-        article.tryUpdate("name", value(name));
-        article.tryUpdate("stock", value(0));
+        Element& article = root.set("shop.articles[*]", object());
+        article.set("name", value(name));
+        article.set("stock", value(0));
     }
+    root.set("shop.grid[*][*]", value(1));
+    root.set("shop.grid[0][*]", value(2));
 
-    // What exists is given the new value, which must be of its own kind, in its place.
-    root.tryUpdate("shop.articles[1].stock", value(12));
+    // What exists is replaced, of whatever kind it is.
+    root.set("shop.articles[1].stock", value(12));
+    root.set("shop.address", value("Ulm"));
 
-    // Within an array arrays are created.
-    root.tryUpdate("shop.grid", array());
-    root.tryUpdate("shop.grid[*][*]", value(1));
-    root.tryUpdate("shop.grid[0][*]", value(2));
+    // tryUpdate keeps the element and changes its value, which must be of its own kind.
+    Element& stock = root.get("shop.articles[1].stock");
+    root.tryUpdate("shop.articles[1].stock", value(11));
+    std::cout << "the element itself now holds " << stock.as<int>() << '\n';
 
     // createElement creates too, but leaves what exists as it is.
     Path::createElement(root, "shop.name", *value("Another"));
     Path::createElement(root, "shop.opened", *value(1987));
 
-    // What cannot be created throws: an array is never padded.
+    // An array is never padded. What cannot be created throws, and nothing is changed.
     try {
-        root.tryUpdate("shop.articles[9].name", value("spoon"));
-    } catch (const Exception& error) {
-        std::cout << error.what() << '\n';
+        root.set("shop.articles[9].name", value("spoon"));
+    } catch (const PathNotFound& missing) {
+        std::cout << "no " << missing.key() << " in " << *missing.elementPath() << '\n';
     }
 
-    // insertElement walks nothing: its text is the name of one member.
-    root.insertElement("shop.name", value("a member with a dot"));
-
-    std::cout << document;
+    root.remove("shop.grid");
+    writeDocument(std::cout, document);
 }

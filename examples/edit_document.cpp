@@ -9,9 +9,8 @@
 
 #include <zo/Tessera.h>
 
-#include <fstream>
+#include <exception>
 #include <iostream>
-#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -22,166 +21,127 @@ namespace {
 
 constexpr const char* k_newNumber = "20.260";
 
-/// The children of an array or an object; none of a scalar.
-std::vector<Element*> childrenOf(Element& element) {
-    std::vector<Element*> children;
-    if (element.type() == etArray) {
-        children.assign(element.getArrayValue().begin(), element.getArrayValue().end());
-    } else if (element.type() == etObject) {
-        for (const auto& member : element.getObjectValue()) {
-            children.push_back(member.second);
-        }
-    }
-    return children;
-}
-
-/// Every element of the tree in document order, the root first.
-std::vector<Element*> allElements(Element& root) {
-    std::vector<Element*> all;
-    std::vector<Element*> waiting{&root};
-    while (!waiting.empty()) {
-        Element* const element = waiting.back();
-        waiting.pop_back();
-        all.push_back(element);
-        const std::vector<Element*> children = childrenOf(*element);
-        waiting.insert(waiting.end(), children.rbegin(), children.rend());
-    }
-    return all;
+bool isContainer(const Element& element) {
+    return element.type() == etObject || element.type() == etArray;
 }
 
 /// The exact text of each number, in document order.
-std::vector<std::string> numberTexts(Element& root) {
+std::vector<std::string> numberTexts(const Element& root) {
     std::vector<std::string> texts;
-    for (Element* element : allElements(root)) {
-        if (element->type() == etNumber) {
-            texts.push_back(element->getNumberValue().value().toString());
+    visit(root, [&](const Element& element, const Path&) {
+        if (element.type() == etNumber) {
+            texts.push_back(element.getNumberValue().value().as<std::string>());
         }
-    }
+        return evGoOn;
+    });
     return texts;
 }
 
-std::string textOf(const Dom& document) {
-    std::ostringstream out;
-    out << document;
-    return out.str();
-}
-
-bool equalTrees(const Dom& left, const Dom& right) {
-    try {
-        return left == right;
-    } catch (const ValueOutOfRange<std::string, std::string>&) {
-        // Integers of 20 digits are not comparable as numbers; their texts are.
-        return textOf(left) == textOf(right);
-    }
-}
-
-Dom readDocument(std::istream& in) {
-    Dom document;
-    in >> document;
-    if (!document.root()) {
-        throw std::runtime_error("there is no document in the input");
-    }
-    return document;
-}
-
 /// Shows kinds and sizes, four levels and eight children of each.
-void showShape(Element& element, const std::string& indent) {
-    constexpr size_t deepest = 6;
+void showShape(const Element& root) {
+    constexpr size_t deepest = 4;
     constexpr size_t widest = 8;
-    std::cout << indent << (element.parent() ? element.key() : "(root)") << ": " << element.type();
-    const std::vector<Element*> children = childrenOf(element);
-    if (!children.empty()) {
-        std::cout << ", " << children.size() << " inside";
-    }
-    std::cout << '\n';
-    for (size_t i = 0; i < children.size() && indent.size() < deepest; ++i) {
-        if (i == widest) {
-            std::cout << indent << "  ... and " << children.size() - widest << " more\n";
-            break;
+    std::vector<size_t> seen{0};  // the children so far, of each container around
+    const auto enter = [&](const Element& element, const Path&) {
+        const std::string indent(2 * (seen.size() - 1), ' ');
+        const size_t place = seen.back()++;
+        seen.push_back(0);
+        if (place >= widest) {
+            std::cout << (place == widest ? indent + "...\n" : "");
+            return evSkip;
         }
-        showShape(*children[i], indent + "  ");
-    }
+        std::cout << indent << (element.parent() ? element.key() : "(root)") << ": "
+                  << element.type();
+        if (isContainer(element)) {
+            std::cout << ", " << element.size() << " inside";
+        }
+        std::cout << '\n';
+        return seen.size() <= deepest ? evGoOn : evSkip;
+    };
+    visit(root, enter, [&](const Element&, const Path&) {
+        seen.pop_back();
+        return evGoOn;
+    });
+}
+
+/// Nothing converts between kinds: the exception says which element is meant, and what it is.
+void showWrongKind(const Element& root) {
+    visit(root, [](const Element& element, const Path&) {
+        if (isContainer(element) || element.type() == etNull) {
+            return evGoOn;
+        }
+        try {
+            std::cout << element.getArrayValue().size() << '\n';
+        } catch (const TypeException<EType>& error) {
+            std::cout << error.what() << '\n';
+        }
+        return evStop;
+    });
 }
 
 /// Changes the first string and the first number of the document. Returns whether it has a number.
 bool changeValues(Element& root) {
     bool stringChanged = false;
-    for (Element* element : allElements(root)) {
-        const std::string path = element->path(nullptr);
-        if (element->type() == etString && !stringChanged) {
-            std::string& text = *element;
+    const bool walkedAll = visit(root, [&](Element& element, const Path& path) {
+        if (element.type() == etString && !stringChanged) {
+            std::string& text = element.getStringValue().value();
             std::cout << path << ": \"" << text << '"';
             text += " (checked)";
             std::cout << " becomes \"" << text << "\"\n";
             stringChanged = true;
-        } else if (element->type() == etNumber) {
-            BasicNumber changed;
-            changed.set(k_newNumber);
-            std::cout << path << ": " << element->getNumberValue().value().toString();
-            element->setNumberValue(changed);
-            std::cout << " becomes " << changed.toString() << '\n';
-            return true;
+        } else if (element.type() == etNumber) {
+            BasicNumber& number = element.getNumberValue().value();
+            std::cout << path << ": " << number.as<std::string>();
+            number.set(k_newNumber);
+            std::cout << " becomes " << number.as<std::string>() << '\n';
+            return evStop;
         }
-    }
-    return false;
+        return evGoOn;
+    });
+    return !walkedAll;
 }
 
 /// Adds a note, as a member of an object or an item of an array, and replaces a member inside of
 /// it. Returns the note's path.
 Path addNote(Element& root) {
     const Path place = root.type() == etObject ? "edit_document" : "[*]";
-    Path note = root.tryUpdate(place, object()).path(nullptr);
-    root.tryUpdate(note + ".checked.by", value("edit_document"));
-    root.tryUpdate(note + ".reviewed", value());
-    std::cout << note << ": added, with " << root.get(note).size() << " members\n";
+    Element& note = root.set(place, object());
+    note.set("checked.by", value("edit_document"));
+    note.set("reviewed", value());
+    std::cout << note.path(nullptr) << ": added, with " << note.size() << " members\n";
 
-    Element::createBoolean(true, &root.get(note), "reviewed");
-    const bool reviewed = root.get(note + ".reviewed");
-    std::cout << note << ": its member \"reviewed\" replaced by " << std::boolalpha << reviewed
-              << '\n';
-    return note;
+    note.set("reviewed", value(true));
+    std::cout << note.path(nullptr) << ": its member \"reviewed\" replaced by " << std::boolalpha
+              << note.get("reviewed").as<bool>() << '\n';
+    return note.path(nullptr);
 }
 
-/// Nothing converts between kinds: the exception says which element is meant, and what it is.
-void showWrongKind(Element& root) {
-    for (Element* element : allElements(root)) {
-        const EType kind = element->type();
-        if (kind == etBoolean || kind == etNumber || kind == etString) {
-            try {
-                std::cout << element->getArrayValue().size() << '\n';
-            } catch (const TypeException<EType>& error) {
-                std::cout << error.what() << '\n';
-            }
-            return;
-        }
-    }
-}
-
-/// Whether the text reads back to an equal tree whose numbers have the texts that are expected.
-bool provesLossless(const std::string& text, const Dom& document, const Path& note,
+/// Whether the text reads back to the same document, whose numbers have the texts that are
+/// expected.
+bool provesLossless(const std::string& text, const Path& note,
                     const std::vector<std::string>& expectedNumbers) {
-    std::istringstream in(text);
-    Dom again = readDocument(in);
-    const bool equal = equalTrees(again, document);
+    const Dom again = readDocument(text);
+    const bool same = writeDocument(again) == text;
     const bool numbersKept = numberTexts(*again.root()) == expectedNumbers;
-    const std::string& checker = again.root()->get(note + ".checked.by");
-    std::cout << "reading it again gives an equal tree: " << (equal ? "yes" : "NO") << '\n'
+    std::cout << "reading it again gives the same document: " << (same ? "yes" : "NO") << '\n'
               << "numbers with the text they had or were given: "
               << (numbersKept ? "all of " : "NOT all of ") << expectedNumbers.size() << '\n'
-              << note << ".checked.by: \"" << checker << "\"\n";
-    return equal && numbersKept;
+              << note << ".checked.by: \""
+              << again.root()->get(note + ".checked.by").as<std::string>() << "\"\n";
+    return same && numbersKept;
 }
 
-bool editDocument(std::istream& in, std::ostream& out) {
-    Dom document = readDocument(in);
+/// `output` may be null.
+bool editDocument(const char* input, const char* output) {
+    Dom document = readDocumentFile(input);
     Element& root = *document.root();
-    if (childrenOf(root).empty()) {
+    if (!isContainer(root) || root.size() == 0) {
         throw std::runtime_error("the root must be an object or an array that holds something");
     }
     std::vector<std::string> numbers = numberTexts(root);
 
     std::cout << "--- shape\n";
-    showShape(root, "");
+    showShape(root);
     std::cout << "--- a wrong kind asked for\n";
     showWrongKind(root);
     std::cout << "--- changes\n";
@@ -190,29 +150,22 @@ bool editDocument(std::istream& in, std::ostream& out) {
     }
     const Path note = addNote(root);
 
-    std::cout << "--- written back\n" << std::flush;
-    const std::string text = textOf(document);
-    out << text << std::flush;
-    if (!out) {
-        throw std::runtime_error("cannot write the output");
+    std::cout << "--- written back\n";
+    if (output != nullptr) {
+        writeDocumentFile(output, document);
+    } else {
+        writeDocument(std::cout, document);
     }
     std::cout << "--- proof\n";
-    return provesLossless(text, document, note, numbers);
+    return provesLossless(writeDocument(document), note, numbers);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     try {
-        const std::string inputName = argc > 1 ? argv[1] : EXAMPLE_DOCUMENT;
-        std::ifstream input(inputName);
-        if (!input) {
-            throw std::runtime_error("cannot open " + inputName);
-        }
-        if (argc <= 2) {
-            return editDocument(input, std::cout) ? 0 : 1;
-        }
-        std::ofstream output(argv[2]);
+        const char* const input = argc > 1 ? argv[1] : EXAMPLE_DOCUMENT;
+        const char* const output = argc > 2 ? argv[2] : nullptr;
         return editDocument(input, output) ? 0 : 1;
     } catch (const std::exception& error) {
         std::cerr << "edit_document: " << error.what() << '\n';

@@ -1,5 +1,4 @@
 #include <iostream>
-#include <sstream>
 #include <string>
 
 #include <zo/Tessera.h>
@@ -7,21 +6,21 @@
 using namespace zo::Tessera;
 
 int main() {
-    std::istringstream text(R"({"title": "Cup", "price": 1.50, "tags": ["new"]})");
-    Dom document;
-    text >> document;
+    Dom document = readDocument(R"({"title": "Cup", "price": 1.50, "tags": ["new"]})");
     Element& root = *document.root();
 
-    const std::string title = root.get("title");
-    std::cout << title << " has " << root.get("tags").size() << " tag\n";
+    const auto title = root.get("title").as<std::string>();
+    const auto price = root.get("price").as<double>();
+    std::cout << title << " costs " << price << '\n';
 
-    root.tryUpdate("title", value("Large cup"));
-    root.tryUpdate("tags[*]", value("blue"));  // appended
-    root.tryUpdate("stock.Ulm", value(12));    // created, on the way and at the end
+    root.set("title", value("Large cup"));
+    root.set("tags[*]", value("blue"));       // appended
+    root.set("stock[0].city", value("Ulm"));  // created, on the way and at the end
+    writeDocument(std::cout, document);
+
     try {
-        root.get("tags[1]").getObjectValue();
+        readDocument(R"({"tags": ["new", ]})");
     } catch (const Exception& error) {
         std::cout << error.what() << '\n';
     }
-    std::cout << document;
 }

@@ -1,7 +1,6 @@
 // Looks things up by path, and handles what is missing.
 
 #include <iostream>
-#include <sstream>
 #include <string>
 
 #include <zo/Tessera.h>
@@ -9,19 +8,17 @@
 using namespace zo::Tessera;
 
 int main() {
-    std::istringstream text(R"({
+    Dom document = readDocument(R"({
         "title": "Cup",
         "sizes": [{"name": "small", "price": 1.50}, {"name": "large", "price": 2.25}],
         "v1.2": {"done": true}
     })");
-    Dom document;
-    text >> document;
     Element& root = *document.root();
 
     // What must be there: get, which throws what names the path and the segment.
-    const std::string title = root.get("title");
-    const BasicNumber& price = root.get("sizes[1].price");
-    std::cout << title << ", large: " << price.toString() << '\n';
+    const auto title = root.get("title").as<std::string>();
+    const auto price = root.get("sizes[1].price").as<double>();
+    std::cout << title << ", large: " << price << '\n';
     try {
         root.get("sizes[2].price");
     } catch (const PathNotFound& missing) {
@@ -33,15 +30,19 @@ int main() {
     std::cout << std::boolalpha << "sizes[0].colour: " << root.pathExists("sizes[0].colour") << '\n'
               << "sizes, an array: " << root.pathExists("sizes", etArray) << '\n';
     if (const Element* const name = Path::tryGetElement("sizes[0].name", root, etString)) {
-        std::cout << name->path(nullptr) << ": " << name->getStringValue().value() << '\n';
+        std::cout << name->path(nullptr) << ": " << name->as<std::string>() << '\n';
     }
+
+    // The same for a value: nothing where it is of another kind or does not fit.
+    std::cout << "sizes[0].price in whole: " << root.get("sizes[0].price").tryAs<int>().value_or(-1)
+              << '\n';
 
     // A path may begin at any element. What means something in a path stands after a backslash when
     // it belongs to a key; path() writes it so.
     Element& small = root.get("sizes[0]");
     std::cout << small.get("name").path(nullptr) << " is "
               << small.get("name").path(&root.get("sizes")) << " seen from sizes\n";
-    const bool done = root.get(R"(v1\.2.done)");
+    const bool done = root.get(R"(v1\.2.done)").as<bool>();
     std::cout << root.at("v1.2").at("done").path(nullptr) << ": " << done << '\n';
 
     // A text that is no path is an error, not an answer.

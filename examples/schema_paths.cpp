@@ -24,6 +24,6 @@ int main() {
 
     // An element knows both of its paths.
     const auto document = object();
-    const Element& name = Path::createElement(*document, "person.name", *value("Ada"));
+    const Element& name = document->set("person.name", value("Ada"));
     std::cout << name.path(nullptr) << " and " << name.schemaPath(nullptr) << '\n';
 }

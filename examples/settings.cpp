@@ -1,8 +1,6 @@
 // Keeps settings beside the schema that describes them, and reads each with its default.
 
 #include <iostream>
-#include <sstream>
-#include <string>
 
 #include <zo/Tessera.h>
 
@@ -10,7 +8,7 @@ using namespace zo::Tessera;
 
 int main() {
     // The schema describes members under "properties" and all items of an array under "items".
-    std::istringstream text(R"({
+    const Dom document = readDocument(R"({
         "window": {"width": 800},
         "files": [{"name": "a.txt"}, {"name": "b.txt", "readOnly": true}],
         "meta": {"schema": {"properties": {
@@ -23,8 +21,6 @@ int main() {
             }}}
         }}}
     })");
-    Dom document;
-    text >> document;
     const Element& root = *document.root();
 
     const auto show = [](const Element& from, const Path& path) {
@@ -40,8 +36,8 @@ int main() {
     // The path may begin at any element: the schema is found from the root all the same.
     show(root.get("files[0]"), "readOnly");
 
-    const BasicNumber& width = root.getDefault("window.width");
-    std::cout << "window.width would be " << width.toString() << '\n';
+    const auto width = root.getDefault("window.width").as<int>();
+    std::cout << "window.width would be " << width << '\n';
 
     // Without a default there is an exception, even where the setting exists.
     try {
@@ -51,6 +47,7 @@ int main() {
     }
 
     // Writing can leave the meta member out, and the schema with it.
-    document.setIncludeMeta(false);
-    std::cout << document;
+    WriteOptions options;
+    options.includeMeta = false;
+    writeDocument(std::cout, document, options);
 }
