@@ -6,7 +6,9 @@
 //   tokenise  the same text through yajl with callbacks that do nothing, in the same pieces of 255
 //             bytes: the floor under `read`
 //   read      operator>> from a string stream into a document
+//   readDocument   of the text in memory
 //   write     operator<< into a string stream
+//   writeDocument, compact   into a string, with its layout and without
 //   copy, compare (with an equal copy), destroy
 
 #include <benchmark/benchmark.h>
@@ -88,6 +90,26 @@ void read(benchmark::State& state, const std::string& text) {
     countBytes(state, text);
 }
 
+void readWhole(benchmark::State& state, const std::string& text) {
+    for ([[maybe_unused]] auto iteration : state) {
+        const Clock::time_point start = Clock::now();
+        const Dom document = readDocument(text);
+        state.SetIterationTime(secondsSince(start));
+    }
+    countBytes(state, text);
+}
+
+template <bool Compact>
+void writeWhole(benchmark::State& state, const std::string& text) {
+    const Dom document = readDocument(text);
+    WriteOptions options;
+    options.compact = Compact;
+    for ([[maybe_unused]] auto iteration : state) {
+        benchmark::DoNotOptimize(writeDocument(document, options));
+    }
+    countBytes(state, text);
+}
+
 void write(benchmark::State& state, const std::string& text) {
     Dom document;
     readInto(document, text);
@@ -145,7 +167,10 @@ void registerRows(const MadeDocument& document) {
     };
     add("tokenise", tokenise);
     add("read", read)->UseManualTime();
+    add("readDocument", readWhole)->UseManualTime();
     add("write", write);
+    add("writeDocument", writeWhole<false>);
+    add("compact", writeWhole<true>);
     add("copy", copy)->UseManualTime();
     add("compare", compare);
     add("destroy", destroy)->UseManualTime();
