@@ -34,7 +34,7 @@ public:
     /// Whether nothing came yet.
     bool isEmpty() const { return !m_root; }
     /// Whether there is a whole document.
-    bool isComplete() const { return m_root && !m_container; }
+    bool isComplete() const { return m_root != nullptr && m_container == nullptr; }
     /// Why the last event was refused; empty if none was.
     const std::string& refusal() const { return m_refusal; }
     /// The path of the element being read: a container, or what comes next in it, which in an
