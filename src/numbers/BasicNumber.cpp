@@ -21,6 +21,10 @@ namespace {
 constexpr size_t k_longLongTextLimit = 19;
 constexpr size_t k_uLongLongTextLimit = 20;
 
+// From here on exact texts have an exponent: of digits alone some would be too long to be read
+// back.
+constexpr double k_leastWithExponent = 1e17;
+
 Ascii binaryTypeName(BasicNumber::EBinaryType type) {
     static constexpr std::string_view names[] = {"ebNone", "ebLongLong", "ebULongLong", "ebDouble",
                                                  "ebBigDecimal"};
@@ -184,8 +188,10 @@ void BasicNumber::setExact(double value) {
     }
     if (value == 0.0 && std::signbit(value)) {
         setText("-0");  // a decimal zero has no sign
-    } else {
+    } else if (std::abs(value) < k_leastWithExponent) {
         set(zo::DecNumber(value));
+    } else {
+        setText(formatted(value, std::chars_format::scientific));
     }
 }
 

@@ -98,7 +98,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Double{"NextToOne", 1.0000000000000002, "1.0000000000000002"},
                     Double{"FloatOfOneTenth", static_cast<double>(0.1F), "0.10000000149011612"},
                     Double{"TwoToThe53rd", 9007199254740992.0, "9007199254740992"},
-                    Double{"TwoToThe63rd", 0x1p63, "9223372036854776000"},
+                    Double{"TwoToThe63rd", 0x1p63, "9.223372036854776e+18"},
                     Double{"Large", -1.2345678e22, "-1.2345678e+22"},
                     Double{"Small", 1.2345678e-9, "1.2345678e-9"},
                     Double{"Largest", 1.7976931348623157e308, "1.7976931348623157e+308"}),

@@ -68,8 +68,11 @@ INSTANTIATE_TEST_SUITE_P(
                     Shortest{"SumOfTenths", 0.1 + 0.2, "0.30000000000000004"},
                     Shortest{"AMillion", 1e6, "1000000"},
                     Shortest{"TwoToThe53rd", 9007199254740992.0, "9007199254740992"},
-                    Shortest{"LargestPlain", 123456789012345680000.0, "123456789012345680000"},
-                    Shortest{"SmallestScientific", 1e21, "1e+21"},
+                    Shortest{"LargestPlain", 99999999999999984.0, "99999999999999980"},
+                    Shortest{"SmallestScientific", 1e17, "1e+17"},
+                    Shortest{"NegativeScientific", -1e17, "-1e+17"},
+                    Shortest{"ManyDigitsScientific", 123456789012345680000.0,
+                             "1.2345678901234568e+20"},
                     Shortest{"SmallestPlain", 1e-7, "0.0000001"},
                     Shortest{"LargestSmallScientific", 1.5e-8, "1.5e-8"},
                     Shortest{"Largest", 1.7976931348623157e308, "1.7976931348623157e+308"},
@@ -82,7 +85,16 @@ TEST(SetExact, SetsATextAsTheOnlyForm) {
     EXPECT_EQ(exact(1234567.0).type(), BasicNumber::ebULongLong);
     EXPECT_EQ(exact(-5.0).type(), BasicNumber::ebLongLong);
     EXPECT_EQ(exact(0.5).type(), BasicNumber::ebDouble);
-    EXPECT_THROW(exact(123456789012345680000.0).type(), TextOutOfRange);
+}
+
+// An integer of 20 digits could not be read back by the conversions that derive a binary form.
+TEST(SetExact, SetsNoTextThatIsOutOfRange) {
+    for (const double value : {1e17, -1e17, 1e18, -1e18, 9.9e18, 2e19, 1e20, -9.9e20, 1e21}) {
+        EXPECT_EQ(exact(value).type(), BasicNumber::ebDouble) << value;
+        EXPECT_EQ(exact(value).compare(value), 0) << value;
+    }
+    EXPECT_EQ(exact(99999999999999984.0).type(), BasicNumber::ebULongLong);
+    EXPECT_EQ(exact(-99999999999999984.0).type(), BasicNumber::ebLongLong);
 }
 
 TEST(SetExact, ReplacesWhatWasThere) {

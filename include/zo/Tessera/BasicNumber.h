@@ -108,9 +108,10 @@ public:
     void set(double value);
     /// @}
 
-    /// Sets the shortest text that reads back to `value`, as the only form: 0.1 gives "0.1",
-    /// 1234567.0 "1234567", -0.0 "-0". A NaN or an infinity throws `zo::Tessera::Exception` "Number
-    /// must be finite!". After any exception the number is as before.
+    /// Sets the text with the fewest digits that reads back to `value`, as the only form: 0.1 gives
+    /// "0.1", 1234567.0 "1234567", 1e17 "1e+17", -0.0 "-0". A NaN or an infinity throws
+    /// `zo::Tessera::Exception` "Number must be finite!". After any exception the number is as
+    /// before.
     void setExact(double value);
 
     /// The binary form, derived first when there is none, so never `ebNone`. A text out of range
