@@ -177,6 +177,12 @@ private:
 
 Element& Element::set(const Path& path, const Element& element) {
     std::unique_ptr<Element> copy(element.clone());
+    // The children of a clone are not attached to it.
+    if (copy->type() == etObject) {
+        copy->getObjectValue().reattach();
+    } else if (copy->type() == etArray) {
+        copy->getArrayValue().reattach();
+    }
     return set(path, std::move(copy));
 }
 

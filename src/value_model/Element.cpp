@@ -171,6 +171,12 @@ Element& Element::realAssign(const Element& other) {
     return *this;
 }
 
+void Element::requireKind(EType kind) const {
+    if (type() != kind) {
+        throw typeMismatch(*this, kind);
+    }
+}
+
 Element* Element::parent() {
     return m_parent;
 }

@@ -209,6 +209,15 @@ TEST(SetByPath, SetsThePlaceOfAnElementThatIsThere) {
     EXPECT_EQ(dump(*root), inPlace(R"({"a": {"b": "new"}})"));
 }
 
+TEST(SetByPath, AttachesAllOfACopy) {
+    const Owner root = object();
+    const Owner source = parsed(R"({"x": [{"y": 1}]})");
+    root->set("t", *source);
+    root->set("list[0]", *parsed("[[2]]"));
+    EXPECT_EQ(dump(*root), inPlace(R"({"t": {"x": [{"y": 1}]}, "list": [[[2]]]})"));
+    EXPECT_EQ(dump(*source), inPlace(R"({"x": [{"y": 1}]})"));
+}
+
 // The containers of a copy are not their children's parents.
 TEST(SetByPathInACopy, FindsItsWayAndAttachesWhatItPuts) {
     const Owner copy(parsed(k_tree)->clone());

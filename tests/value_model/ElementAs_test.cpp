@@ -30,9 +30,12 @@ protected:
     const std::unique_ptr<const Element> m_element{GetParam().make()};
 };
 
+/// The kind named as requested is that of `T`, as it is not always for a getter.
 template <class T>
-void expectRefused(const Element& element, const std::string& mismatch) {
-    EXPECT_EQ(thrown<TypeException<EType>>([&] { element.as<T>(); }), mismatch);
+void expectRefused(const Element& element, const std::string& requested) {
+    EXPECT_EQ(thrown<TypeException<EType>>([&] { element.as<T>(); }),
+              "Json type mismatch! Requestet Json type: " + requested +
+                  " Got Json type: " + element.typeName() + " Current element: \"\"");
     EXPECT_EQ(element.tryAs<T>(), std::nullopt);
 }
 
@@ -41,7 +44,7 @@ TEST_P(ElementKinds, GiveABooleanOnlyIfTheyAreOne) {
         EXPECT_FALSE(m_element->as<bool>());
         EXPECT_EQ(m_element->tryAs<bool>(), false);
     } else {
-        expectRefused<bool>(*m_element, GetParam().mismatch(gtBoolean, ""));
+        expectRefused<bool>(*m_element, "etBoolean");
     }
 }
 
@@ -50,7 +53,7 @@ TEST_P(ElementKinds, GiveAStringOnlyIfTheyAreOne) {
         EXPECT_EQ(m_element->as<std::string>(), "");
         EXPECT_EQ(m_element->tryAs<std::string>(), "");
     } else {
-        expectRefused<std::string>(*m_element, GetParam().mismatch(gtString, ""));
+        expectRefused<std::string>(*m_element, "etString");
     }
 }
 
@@ -59,7 +62,7 @@ TEST_P(ElementKinds, GiveANumberOnlyIfTheyAreOne) {
         EXPECT_EQ(m_element->as<int>(), 0);
         EXPECT_EQ(m_element->tryAs<double>(), 0.0);
     } else {
-        const std::string mismatch = GetParam().mismatch(gtNumber, "");
+        const std::string mismatch = "etNumber";
         expectRefused<char>(*m_element, mismatch);
         expectRefused<int>(*m_element, mismatch);
         expectRefused<unsigned long long>(*m_element, mismatch);
@@ -117,7 +120,7 @@ TEST(ElementAs, RefusesANumberThatDoesNotFit) {
 TEST(ElementAs, NamesThePathOfAnElementOfAnotherKind) {
     const std::unique_ptr<const Element> root = parsed(R"({"list":[{"n":"12"}]})");
     EXPECT_EQ(thrown<TypeException<EType>>([&] { root->get("list[0].n").as<int>(); }),
-              "Json type mismatch! Requestet Json type: etBoolean Got Json type: etString "
+              "Json type mismatch! Requestet Json type: etNumber Got Json type: etString "
               "Current element: \"list[0].n\"");
 }
 

@@ -243,8 +243,8 @@ public:
     ///     const int width = root.get("width").tryAs<int>().value_or(640);
     /// @{
 
-    /// The value. Another kind throws `TypeException<EType>`, a number that does not fit
-    /// `ValueOutOfRange<BasicNumber, T>`.
+    /// The value. Another kind throws `TypeException<EType>`, which names the right one as
+    /// requested, a number that does not fit `ValueOutOfRange<BasicNumber, T>`.
     template <class T>
     T as() const;
     /// The value, or nothing where `as` throws these two.
@@ -302,10 +302,10 @@ public:
     Element& insertElement(const Path& path, const Element& element);
     Element& insertElement(const Path& path, std::unique_ptr<Element> element);
 
-    /// Puts `element`, or a deep copy of it, at `path`, attached, and returns it. What is there is
-    /// deleted, of whatever kind it is, and its place taken; what is missing on the way is created,
-    /// an array where the next segment is an index and an object where it is a key. An index may be
-    /// that of an item, the size of the array, or "*": the last two append.
+    /// Puts `element`, or a deep copy of it, attached throughout, at `path`, and returns it. What
+    /// is there is deleted, of whatever kind it is, and its place taken; what is missing on the way
+    /// is created, an array where the next segment is an index and an object where it is a key. An
+    /// index may be that of an item, the size of the array, or "*": the last two append.
     ///
     ///     root.set("list[*].name", value("Ada"));
     ///
@@ -387,6 +387,8 @@ protected:
 private:
     class ItemRemoval;
 
+    void requireKind(EType kind) const;
+
     friend class Array;
     friend class Object;
     friend class Place;
@@ -410,7 +412,8 @@ ZO_TESSERA_EXPORT std::unique_ptr<Element> value(long number);
 ZO_TESSERA_EXPORT std::unique_ptr<Element> value(unsigned long number);
 ZO_TESSERA_EXPORT std::unique_ptr<Element> value(long long number);
 ZO_TESSERA_EXPORT std::unique_ptr<Element> value(unsigned long long number);
-/// Written with 6 significant digits only; `exactValue` keeps all.
+/// `BasicNumber::toString`, and with it the stream operator of a `Dom`, show 6 significant digits;
+/// `exactValue` keeps all.
 ZO_TESSERA_EXPORT std::unique_ptr<Element> value(double number);
 ZO_TESSERA_EXPORT std::unique_ptr<Element> value(const std::string& text);
 /// The text up to its terminating zero. A null pointer throws `zo::Tessera::Exception` "Null
@@ -428,10 +431,13 @@ ZO_TESSERA_EXPORT std::unique_ptr<Element> array();
 template <class T>
 T Element::as() const {
     if constexpr (std::is_same_v<T, bool>) {
+        requireKind(etBoolean);
         return operator bool();
     } else if constexpr (std::is_same_v<T, std::string>) {
+        requireKind(etString);
         return operator const std::string&();
     } else {
+        requireKind(etNumber);
         return operator const BasicNumber&().as<T>();
     }
 }
