@@ -34,22 +34,20 @@ Dom& Dom::operator=(const Dom& other) {
     return *this;
 }
 
-Dom::Dom(Dom&& other) noexcept
-    : m_root(std::move(other.m_root)),
-      m_includeMeta(other.m_includeMeta),
-      m_metaKey(std::move(other.m_metaKey)) {
-    other.m_metaKey.clear();
+Dom::Dom(Dom&& other) noexcept : Dom() {
+    swap(other);
 }
 
 Dom& Dom::operator=(Dom&& other) noexcept {
-    if (this != &other) {
-        m_includeMeta = other.m_includeMeta;
-        m_metaKey = std::move(other.m_metaKey);
-        other.m_metaKey.clear();
-        // Last, as it deletes the tree that was here.
-        m_root = std::move(other.m_root);
-    }
+    Dom taken(std::move(other));
+    swap(taken);
     return *this;
+}
+
+void Dom::swap(Dom& other) noexcept {
+    m_root.swap(other.m_root);
+    std::swap(m_includeMeta, other.m_includeMeta);
+    m_metaKey.swap(other.m_metaKey);
 }
 
 Dom::~Dom() = default;

@@ -25,7 +25,7 @@ public:
     /// As copying does. If memory runs out the document is as before.
     Dom& operator=(const Dom& other);
     /// Takes over the tree, whose elements stay where they are, and the settings; `other` is then
-    /// empty, and has no meta key.
+    /// as a new document.
     /// @{
     Dom(Dom&& other) noexcept;
     Dom& operator=(Dom&& other) noexcept;
@@ -62,6 +62,8 @@ public:
     /// @}
 
 private:
+    void swap(Dom& other) noexcept;
+
     std::unique_ptr<Element> m_root;
     bool m_includeMeta = true;
     std::string m_metaKey = k_defaultMetaKey;
