@@ -81,7 +81,7 @@ int DocumentBuilder::cb_double(double) {
     return k_stop;
 }
 
-std::string DocumentBuilder::path(bool behindComma) const {
+std::string DocumentBuilder::path(bool isSeparated) const {
     if (!m_container) {
         return std::string();
     }
@@ -89,10 +89,28 @@ std::string DocumentBuilder::path(bool behindComma) const {
     if (m_haveKey) {
         text += text.empty() ? "" : ".";
         PathGenerator(text).genObjectProperty(m_key);
-    } else if (m_container->type() == etArray && (behindComma || m_container->size() == 0)) {
+    } else if (m_container->type() == etArray && (isSeparated || m_container->size() == 0)) {
         PathGenerator(text).genListItem(m_container->size());
     }
     return text;
+}
+
+const char* DocumentBuilder::misplaced(char first, bool isSeparated) const {
+    if (!m_container) {
+        return isComplete() ? k_textBehind : nullptr;
+    }
+    if (m_haveKey) {
+        return isSeparated ? nullptr
+                           : "parse error: object key and value must be separated by a colon (':')";
+    }
+    const bool mayFollow = isSeparated || m_container->size() == 0;
+    if (m_container->type() == etArray) {
+        return mayFollow ? nullptr : "parse error: after array element, I expect ',' or ']'";
+    }
+    if (!mayFollow) {
+        return "parse error: after key and value, inside map, I expect ',' or '}'";
+    }
+    return first == '"' ? nullptr : "parse error: invalid object key (must be a string)";
 }
 
 std::unique_ptr<Element> DocumentBuilder::takeRoot() {

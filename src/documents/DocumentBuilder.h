@@ -15,6 +15,8 @@ namespace zo::Tessera {
 /// options say.
 class DocumentBuilder final : public CallbackParserListener {
 public:
+    static constexpr const char* k_textBehind = "text behind the document";
+
     /// `options` must outlive the builder.
     explicit DocumentBuilder(const ReadOptions& options);
 
@@ -39,7 +41,11 @@ public:
     const std::string& refusal() const { return m_refusal; }
     /// The path of the element being read: a container, or what comes next in it, which in an
     /// array is known by the comma before it.
-    std::string path(bool behindComma) const;
+    std::string path(bool isSeparated) const;
+    /// Why no value or key that begins with `first` may stand next, or null if one may, given
+    /// whether a comma or a colon came since the last event. In the tokeniser's words where it has
+    /// any.
+    const char* misplaced(char first, bool isSeparated) const;
     std::unique_ptr<Element> takeRoot();
 
 private:

@@ -12,7 +12,6 @@ namespace zo::Tessera {
 
 namespace {
 
-constexpr const char* k_textBehind = "text behind the document";
 constexpr std::string_view k_byteOrderMark = "\xEF\xBB\xBF";
 
 int bounded(size_t count) {
@@ -52,7 +51,7 @@ Dom DocumentReader::finish() {
     // Ends a number or a line comment, and is an error within any other token.
     if (!m_tokeniser.parse("\n")) {
         if (m_builder.isComplete()) {
-            refuseToken(k_textBehind);
+            refuseToken(DocumentBuilder::k_textBehind);
         }
         refuseEnd();
     }
@@ -136,10 +135,11 @@ void DocumentReader::follow(std::string_view text, size_t end) {
 }
 
 void DocumentReader::refuseError() const {
-    const std::string& refusal = m_builder.refusal();
-    std::string reason = refusal.empty() ? m_tokeniser.errorText() : refusal;
+    std::string reason = m_builder.refusal();
     if (m_builder.isComplete()) {
-        reason = k_textBehind;
+        reason = DocumentBuilder::k_textBehind;
+    } else if (reason.empty()) {
+        reason = m_tokeniser.errorText();
     }
     const bool isSyntax = m_tokeniser.error() == DocumentTokeniser::teSyntax;
     if (m_tracker.isInvalid() || (isSyntax && m_tracker.isBehindToken())) {
@@ -162,12 +162,19 @@ void DocumentReader::refuseEnd() const {
     refuseHere(reason);
 }
 
+/// Refuses what stands here, or the token that it stands in, if that is misplaced itself.
 void DocumentReader::refuseHere(const std::string& reason) const {
-    refuse(m_tracker.position(), m_builder.path(m_tracker.hasComma()), reason);
+    if (m_tracker.isWithinValue()) {
+        if (const char* const misplaced = m_builder.misplaced(m_tracker.firstCharacter(),
+                                                              m_tracker.isSeparatedBeforeToken())) {
+            refuseToken(misplaced);
+        }
+    }
+    refuse(m_tracker.position(), m_builder.path(m_tracker.isSeparated()), reason);
 }
 
 void DocumentReader::refuseToken(const std::string& reason) const {
-    refuse(m_tracker.tokenStart(), m_builder.path(m_tracker.hasCommaBeforeToken()), reason);
+    refuse(m_tracker.tokenStart(), m_builder.path(m_tracker.isSeparatedBeforeToken()), reason);
 }
 
 void DocumentReader::refuse(const TextPosition& position, const std::string& path,

@@ -26,8 +26,8 @@ bool continuesPlain(char c) {
 void TokenTracker::settle(std::string_view text) {
     m_position.advance(text);
     m_state = tsBetween;
-    m_commas = 0;
-    m_atComma = false;
+    m_separators = 0;
+    m_first = '\0';
     m_behindToken = false;
 }
 
@@ -62,9 +62,9 @@ void TokenTracker::begin(char c) {
     m_tokenStart = m_position;
     m_length = 1;
     m_behindToken = true;
-    m_atComma = c == ',';
-    if (m_atComma) {
-        ++m_commas;
+    m_first = c;
+    if (isSeparator(c)) {
+        ++m_separators;
     }
     if (c == '"') {
         m_state = tsString;

@@ -10,8 +10,8 @@ namespace zo::Tessera {
 
 /// Follows a text along with the tokeniser, which tells of values and keys only: knows the place,
 /// and since the last event which token the text stands in, where that began, and whether there was
-/// a comma. It follows well-formed text up to where the tokeniser refuses it, and decides nothing
-/// itself.
+/// a comma or a colon. It follows well-formed text up to where the tokeniser refuses it, and
+/// decides nothing itself.
 class TokenTracker {
 public:
     /// Follows a text whose end is the end of an event's token.
@@ -34,10 +34,14 @@ public:
     /// The last character since the event was a part of a token, a comment's but for its beginning
     /// not counted.
     bool isBehindToken() const { return m_behindToken; }
-    /// Since the event there was a comma.
-    bool hasComma() const { return m_commas > 0; }
+    /// It stands in what begins as a value or a key can.
+    bool isWithinValue() const { return m_state == tsPlain || isWithinString(); }
+    /// Of the last token, or the token at hand.
+    char firstCharacter() const { return m_first; }
+    /// Since the event there was a comma or a colon.
+    bool isSeparated() const { return m_separators > 0; }
     /// The same, not counting the last token.
-    bool hasCommaBeforeToken() const { return m_commas > (m_atComma ? 1 : 0); }
+    bool isSeparatedBeforeToken() const { return m_separators > (isSeparator(m_first) ? 1 : 0); }
 
 private:
     enum EState {
@@ -52,6 +56,8 @@ private:
         tsInvalid
     };
 
+    static bool isSeparator(char c) { return c == ',' || c == ':'; }
+
     void follow(char c);
     void begin(char c);
     EState next(char c) const;
@@ -60,8 +66,8 @@ private:
     TextPosition m_tokenStart;
     EState m_state = tsBetween;
     size_t m_length = 0;  // of the token at hand
-    size_t m_commas = 0;
-    bool m_atComma = false;  // the last token is a comma
+    size_t m_separators = 0;
+    char m_first = '\0';  // of the last token since the event
     bool m_behindToken = false;
 };
 

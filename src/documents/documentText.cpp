@@ -177,19 +177,16 @@ private:
     }
 
     [[noreturn]] void refuse(const Element& element, const std::string& reason) const {
-        throw Exception("Cannot write " + placeAtHand() + ": " + reason, &element);
+        throw Exception("Cannot write element \"" + pathAtHand() + "\": " + reason, &element);
     }
 
-    std::string placeAtHand() const {
-        if (m_open.empty()) {
-            return "the root";
-        }
+    std::string pathAtHand() const {
         std::string path;
         PathGenerator generator(path);
         for (const OpenContainer& container : m_open) {
             container.writePlace(generator);
         }
-        return '"' + path + '"';
+        return path;
     }
 
     const WriteOptions& m_options;

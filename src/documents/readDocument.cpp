@@ -73,11 +73,11 @@ Dom readDocument(std::string_view text, const ReadOptions& options) {
 }
 
 Dom readDocument(std::istream& in, const ReadOptions& options) {
-    const EndIsNoFailure scope(in);
-    DocumentReader reader(options, std::string());
     if (in.fail()) {
         refuseSource("Cannot read the stream");
     }
+    const EndIsNoFailure scope(in);
+    DocumentReader reader(options, std::string());
     return readPieces(reader, [&in](char* data, size_t length) {
         in.read(data, static_cast<std::streamsize>(length));
         if (in.bad()) {

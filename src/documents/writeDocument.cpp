@@ -50,4 +50,9 @@ void writeDocumentFile(const std::filesystem::path& file, const Dom& document,
     replaceFile(file, writeDocument(document, options));
 }
 
+void writeDocumentFile(const std::filesystem::path& file, const Element& root,
+                       const WriteOptions& options) {
+    replaceFile(file, writeDocument(root, options));
+}
+
 }  // namespace zo::Tessera

@@ -161,6 +161,33 @@ INSTANTIATE_TEST_SUITE_P(
 
 constexpr const char* k_behind = R"( in element "": text behind the document)";
 
+constexpr const char* k_afterItem =
+    R"( in element "": parse error: after array element, I expect ',' or ']')";
+constexpr const char* k_afterMember =
+    R"( in element "": parse error: after key and value, inside map, I expect ',' or '}')";
+constexpr const char* k_noKey =
+    R"( in element "": parse error: invalid object key (must be a string))";
+
+// Malformed as well, or cut off: what is told is that the token may not stand there.
+INSTANTIATE_TEST_SUITE_P(
+    Misplaced, ReadDocumentErrors,
+    testing::Values(
+        Case{"LiteralForAKey", "{name\":1}", 1, 2, k_noKey},
+        Case{"NumberForAKey", "{\"a\":1, -}", 1, 9, k_noKey},
+        Case{"MinusBehindAnItem", "[1 -]", 1, 4, k_afterItem},
+        Case{"NumberBehindAnItem", "[1 2", 1, 4, k_afterItem},
+        Case{"StringBehindAnItem", "[-0\".5e3],\n", 1, 4, k_afterItem},
+        Case{"EscapeBehindAnItem", "[1 \"\\x\"]", 1, 4, k_afterItem},
+        Case{"HalfAPairBehindAnItem", R"([1 "\ud800"])", 1, 4, k_afterItem},
+        Case{"OddBlankBehindAnItem", "[1 2\v]", 1, 4, k_afterItem},
+        Case{"StringBehindAMember", "{\"a\":1 \"\n", 1, 8, k_afterMember},
+        Case{
+            "LiteralForAColon", "{\"a\" nul}", 1, 6,
+            R"( in element "a": parse error: object key and value must be separated by a colon (':'))"},
+        Case{"HalfAPairBehindTheDocument", R"(1 "\ud800")", 1, 3,
+             R"( in element "": text behind the document)"}),
+    k_name);
+
 INSTANTIATE_TEST_SUITE_P(Behind, ReadDocumentErrors,
                          testing::Values(Case{"AnotherDocument", "1 2", 1, 3, k_behind},
                                          Case{"ClosingBracket", "[]]", 1, 3, k_behind},

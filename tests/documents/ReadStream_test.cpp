@@ -168,6 +168,19 @@ TEST(ReadStream, ReportsABadOneOnlyIfItIsTold) {
     EXPECT_EQ(in.rdstate(), std::ios::eofbit);
 }
 
+TEST(ReadStream, LeavesOneThatHasFailedItsExceptions) {
+    std::istringstream in(k_text);
+    in.exceptions(std::ios::goodbit);
+    in.setstate(std::ios::badbit);
+    try {
+        in.exceptions(std::ios::badbit | std::ios::failbit);
+    } catch (const std::ios::failure&) {
+        // It tells at once that it has failed.
+    }
+    EXPECT_EQ(outcome([&] { return readDocument(in); }), k_unreadable);
+    EXPECT_EQ(in.exceptions(), std::ios::badbit | std::ios::failbit);
+}
+
 /// Ends a process of its own, whose standard input is `text`: well, if that is read from
 /// `std::cin`.
 [[noreturn]] void readStandardInput(const std::string& text) {

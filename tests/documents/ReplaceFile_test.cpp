@@ -95,6 +95,11 @@ TEST_F(WriteDocumentFile, TakesOptions) {
     EXPECT_EQ(contentsOf(file), "\"new\"");
 }
 
+TEST_F(WriteDocumentFile, TakesAnyElement) {
+    writeDocumentFile(file, *object());
+    EXPECT_EQ(contentsOf(file), "{}\n");
+}
+
 TEST_F(WriteDocumentFile, ReplacesAllContentsAndKeepsThePermissions) {
     const Mask mask(077);
     putContents(file, "old contents that are longer than what comes");

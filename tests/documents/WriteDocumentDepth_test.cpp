@@ -100,7 +100,8 @@ TEST(WriteDocument, NamesThePathOfWhatIsRefusedAtAnyDepth) {
     const std::string text = repeated("[", k_levels) + "\"\xFF\"" + repeated("]", k_levels);
     const std::unique_ptr<Element> root = parsed(text);
     EXPECT_TRUE(thrown<Exception>([&] { writeDocument(*root); }) ==
-                "Cannot write \"" + repeated("[0]", k_levels) + "\": the string is not UTF-8");
+                "Cannot write element \"" + repeated("[0]", k_levels) +
+                    "\": the string is not UTF-8");
 }
 
 TEST(DeepestIndent, IsThatOf256Levels) {

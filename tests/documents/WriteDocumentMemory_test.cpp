@@ -104,7 +104,7 @@ TEST(OutOfMemoryInWriteDocument, IsNotTakenForARefusal) {
     };
     const auto check = [&] { EXPECT_EQ(message, ""); };
     EXPECT_GT(failEachAllocation([&] { message.clear(); }, write, check), 10);
-    EXPECT_EQ(message, "Cannot write \"" + k_long + "[2].b\": the string is not UTF-8");
+    EXPECT_EQ(message, "Cannot write element \"" + k_long + "[2].b\": the string is not UTF-8");
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ class NoNumberText : public testing::TestWithParam<std::string> {};
 TEST_P(NoNumberText, IsRefused) {
     const Number number(numberOf(GetParam()));
     EXPECT_EQ(thrown<Exception>([&] { writeDocument(number); }),
-              "Cannot write the root: the text \"" + GetParam() + "\" is no JSON number");
+              "Cannot write element \"\": the text \"" + GetParam() + "\" is no JSON number");
 }
 
 // Each is one step away from a number.
@@ -83,7 +83,7 @@ class NotFinite : public testing::TestWithParam<double> {};
 TEST_P(NotFinite, IsRefused) {
     const Number number(numberOf(GetParam()));
     EXPECT_EQ(thrown<Exception>([&] { writeDocument(number); }),
-              "Cannot write the root: JSON has no such number");
+              "Cannot write element \"\": JSON has no such number");
 }
 
 INSTANTIATE_TEST_SUITE_P(WriteDocument, NotFinite,

@@ -69,7 +69,7 @@ protected:
     const std::unique_ptr<Element> root =
         treeWith(GetParam().json, GetParam().path, GetParam().bad());
     const std::string message =
-        std::string("Cannot write \"") + GetParam().path + "\": " + GetParam().reason;
+        std::string("Cannot write element \"") + GetParam().path + "\": " + GetParam().reason;
 };
 
 TEST_P(RefusedElement, IsNamedByItsPathBeforeAByteIsWritten) {
@@ -114,7 +114,8 @@ TEST(WriteDocument, NamesThePathFromTheRootWrittenAndCapturesTheWholeOne) {
         writeDocument(root->at("a"));
         FAIL() << "nothing thrown";
     } catch (const Exception& exception) {
-        EXPECT_STREQ(exception.what(), "Cannot write \"b[0]\": the text \"007\" is no JSON number");
+        EXPECT_STREQ(exception.what(),
+                     "Cannot write element \"b[0]\": the text \"007\" is no JSON number");
         ASSERT_NE(exception.elementPath(), nullptr);
         EXPECT_EQ(*exception.elementPath(), "a.b[0]");
     }
@@ -125,24 +126,24 @@ TEST(WriteDocument, NamesTheFirstOfSeveralInTheOrderWritten) {
     root->set("a", badString());
     WriteOptions options;
     EXPECT_EQ(thrown<Exception>([&] { writeDocument(*root, options); }),
-              "Cannot write \"b\": the text \"007\" is no JSON number");
+              "Cannot write element \"b\": the text \"007\" is no JSON number");
     options.sortKeys = true;
     EXPECT_EQ(thrown<Exception>([&] { writeDocument(*root, options); }),
-              "Cannot write \"a\": the string is not UTF-8");
+              "Cannot write element \"a\": the string is not UTF-8");
 }
 
 TEST(WriteDocument, NamesTheMemberOfAKeyThatIsNotUtf8) {
     const std::unique_ptr<Element> root = parsed(R"({"a":[{}]})");
     Element::createNull(&root->get("a[0]"), "\xFF");
     EXPECT_EQ(thrown<Exception>([&] { writeDocument(*root); }),
-              "Cannot write \"a[0].\xFF\": the key is not UTF-8");
+              "Cannot write element \"a[0].\xFF\": the key is not UTF-8");
 }
 
 TEST(WriteDocument, RefusesAKindThatJsonDoesNotHave) {
     Array list;
     list.push_back(new KindOnly(etEmpty));
     EXPECT_EQ(thrown<Exception>([&] { writeDocument(list); }),
-              "Cannot write \"[0]\": JSON has no such kind of element");
+              "Cannot write element \"[0]\": JSON has no such kind of element");
 }
 
 TEST(WriteDocument, DoesNotMindAMetaMemberThatItLeavesOut) {
@@ -151,7 +152,7 @@ TEST(WriteDocument, DoesNotMindAMetaMemberThatItLeavesOut) {
     WriteOptions options;
     options.compact = true;
     EXPECT_EQ(thrown<Exception>([&] { writeDocument(document, options); }),
-              "Cannot write \"meta\": the text \"007\" is no JSON number");
+              "Cannot write element \"meta\": the text \"007\" is no JSON number");
     options.includeMeta = false;
     EXPECT_EQ(writeDocument(document, options), "{\"a\":1}\n");
 }

@@ -98,7 +98,7 @@ class InvalidText : public testing::TestWithParam<Invalid> {};
 
 TEST_P(InvalidText, IsRefused) {
     EXPECT_EQ(thrown<Exception>([] { writeDocument(*value(GetParam().text)); }),
-              "Cannot write the root: the string is not UTF-8");
+              "Cannot write element \"\": the string is not UTF-8");
 }
 
 TEST_P(InvalidText, IsRefusedAsAKey) {

@@ -46,8 +46,9 @@ struct ReadOptions {
 /// Its `line()` and `column()` say where: both count from 1, columns in bytes, a byte-order mark
 /// included; CR LF, LF and CR each end one line. They name the first byte that cannot stand there,
 /// the beginning of the token that may not, or the end of the text, and are -1 where a file or a
-/// stream failed. Its `message()` names the file, if there is one, and the path of the element that
-/// was being read; it begins with a blank, for `what()` puts it right behind the position:
+/// stream failed, and no more than `INT_MAX`. Its `message()` names the file, if there is one, and
+/// the path of the element that was being read; with a position it begins with a blank, for
+/// `what()` puts it right behind that:
 ///
 ///     Parse error at 3,9 in "a.json", element "list[2]": lexical error: invalid char in json text.
 ///
@@ -59,7 +60,8 @@ ZO_TESSERA_EXPORT Dom readDocument(std::string_view text, const ReadOptions& opt
 /// Reads `in` to its end with `read`, in pieces of 64 KiB, and parses as it goes: malformed text is
 /// refused before the rest is read. Works with `std::cin`, pipes and whatever delivers slowly. On
 /// success only `eofbit` is set afterwards. What the stream throws because it was told to for
-/// `badbit` passes; for the other two it does not throw here.
+/// `badbit` passes; for the other two it does not throw here. After a refusal up to 64 KiB behind
+/// what was refused are read.
 ZO_TESSERA_EXPORT Dom readDocument(std::istream& in, const ReadOptions& options = {});
 /// Reads a file, a pipe that has a name included.
 ZO_TESSERA_EXPORT Dom readDocumentFile(const std::filesystem::path& file,

@@ -34,6 +34,7 @@ using ConstVisitor = std::function<EVisit(const Element& element, const Path& pa
 ///         return evGoOn;
 ///     });
 ///
+/// A `ConstVisitor` that has a name wants a constant tree: `visit(std::as_const(root), visitor)`.
 /// A visitor may change the element that it is given, in `enter` its children, too: what it holds
 /// when `enter` returns is walked. It must leave the children of the containers around it as they
 /// are. An exception of a visitor passes; an empty `enter` throws `zo::Tessera::Exception` "Null

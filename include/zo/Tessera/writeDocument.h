@@ -32,7 +32,8 @@ struct WriteOptions {
     bool sortKeys = false;
     /// Write each character beyond ASCII as `\uXXXX`, or as two of these; otherwise as UTF-8.
     bool escapeNonAscii = false;
-    /// What is not UTF-8 in a string or a key becomes U+FFFD; otherwise it is refused.
+    /// What is not UTF-8 in a string or a key becomes U+FFFD; otherwise it is refused. Beware: keys
+    /// that differ in nothing else become equal, and a reader keeps one of their members.
     bool replaceInvalidUtf8 = false;
     /// A line break behind the document, as text files have.
     bool finalNewline = true;
@@ -52,7 +53,7 @@ struct WriteOptions {
 /// from the root written, before a byte is written: a number whose text is no JSON number (a NaN or
 /// an infinity among them), a string or a key that is not UTF-8. So does a document without a root.
 /// Out of memory `std::bad_alloc` is thrown. Nothing of the tree is changed, its caches included.
-/// Time and memory grow with the text written.
+/// Time and memory grow with the text written, and with `sortKeys` the time as sorting does.
 /// @{
 
 /// Returns `out`. A stream that fails throws `zo::Tessera::Exception`, and holds the beginning of
@@ -72,12 +73,17 @@ ZO_TESSERA_EXPORT std::string writeDocument(const Element& root, const WriteOpti
 /// throws `zo::Tessera::Exception` with the file's name and the reason; `file` is then as before,
 /// or the new file in whole if only flushing its folder failed.
 ///
-/// A symbolic link is followed. The permissions of an existing file are kept, and do not protect it
-/// from being replaced; its owner, its other attributes and its hard links are not kept. What
-/// exists and is no regular file, such as a device, is refused. The folder must be readable and
-/// writable. A crash may leave the new file there, under a name that begins with ".tessera-".
+/// A symbolic link is followed. The permissions of an existing file are kept, but for set-user-id
+/// and its like, and do not protect it from being replaced; its owner, its other attributes and its
+/// hard links are not kept. What exists and is no regular file, such as a device, is refused. The
+/// folder must be readable and writable. A crash may leave the new file there, under a name that
+/// begins with ".tessera-".
+/// @{
 ZO_TESSERA_EXPORT void writeDocumentFile(const std::filesystem::path& file, const Dom& document,
                                          const WriteOptions& options = {});
+ZO_TESSERA_EXPORT void writeDocumentFile(const std::filesystem::path& file, const Element& root,
+                                         const WriteOptions& options = {});
+/// @}
 /// @}
 
 }  // namespace zo::Tessera
