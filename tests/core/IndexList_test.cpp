@@ -12,12 +12,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "FailingAllocator.h"
+#include "indexLists.h"
 
 namespace {
-
-using List = zo::IndexList<int>;
-using FailingList = zo::IndexList<int, FailingAllocator<int>>;
 
 static_assert(!std::is_copy_constructible_v<List> && !std::is_copy_assignable_v<List>);
 static_assert(std::is_nothrow_move_constructible_v<List>);
@@ -29,27 +26,6 @@ static_assert(std::is_same_v<std::iterator_traits<List::iterator>::iterator_cate
                              std::bidirectional_iterator_tag>);
 static_assert(std::is_same_v<decltype(std::declval<const List&>().begin()), List::const_iterator>);
 static_assert(std::is_same_v<decltype(std::declval<const List&>()[0]), const int&>);
-
-/// The values in order, for example "1 2 3". Adds "!" to a value that its index does not reach.
-template <class AnyList>
-std::string dump(const AnyList& list) {
-    std::string text;
-    std::size_t index = 0;
-    for (auto value = list.begin(); value != list.end(); ++value, ++index) {
-        text += (index == 0 ? "" : " ") + std::to_string(*value);
-        text += &list[index] == &*value ? "" : "!";
-    }
-    return index == list.size() ? text : text + " but size() is " + std::to_string(list.size());
-}
-
-template <class AnyList = List>
-AnyList upTo(int last) {
-    AnyList list;
-    for (int value = 1; value <= last; ++value) {
-        list.push_back(value);
-    }
-    return list;
-}
 
 TEST(IndexList, IsEmptyAtFirst) {
     const List list;
