@@ -1,20 +1,29 @@
 #ifndef ZO_LISTMAPKEY_H
 #define ZO_LISTMAPKEY_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace zo {
 
-/// A key as the tree of a `ListMap` sees it. The key itself stays in its entry.
+/// A key as the tree of a `ListMap` sees it. The key itself stays in its entry. `Sought` is one
+/// that is looked for in the tree, and need not be a `Key`.
 template <class Key, class Compare>
 class ListMapKey {
 public:
+    using Sought = ListMapKey;
+
     explicit ListMapKey(const Key& key) noexcept : m_key(&key) {}
     bool operator<(const ListMapKey& other) const { return Compare()(*m_key, *other.m_key); }
+    /// Whether the order takes the two for one key.
+    bool operator==(const Key& other) const {
+        return !Compare()(*m_key, other) && !Compare()(other, *m_key);
+    }
 
 private:
     const Key* m_key;
@@ -24,23 +33,57 @@ private:
 /// compared as one number, and mostly spare the look at the texts themselves.
 template <>
 class ListMapKey<std::string, std::less<std::string>> {
-public:
-    explicit ListMapKey(const std::string& key) noexcept : m_first(firstBytes(key)), m_key(&key) {}
-    bool operator<(const ListMapKey& other) const noexcept {
-        if (m_first != other.m_first) {
-            return m_first < other.m_first;
-        }
-        const std::size_t length = m_key->size();
-        const std::size_t otherLength = other.m_key->size();
-        return length <= k_width && otherLength <= k_width ? length < otherLength
-                                                           : *m_key < *other.m_key;
-    }
-
-private:
     static constexpr std::size_t k_width = sizeof(std::uint64_t);
 
+public:
+    /// A text, which must outlive this.
+    class Sought {
+    public:
+        explicit Sought(std::string_view key) noexcept : m_first(firstBytes(key)), m_key(key) {}
+        bool operator<(const ListMapKey& key) const noexcept { return less(*this, key); }
+        bool operator==(const std::string& key) const noexcept { return m_key == key; }
+
+    private:
+        friend class ListMapKey;
+
+        std::string_view text() const noexcept { return m_key; }
+
+        std::uint64_t m_first;
+        std::string_view m_key;
+    };
+
+    explicit ListMapKey(const std::string& key) noexcept : m_first(firstBytes(key)), m_key(&key) {}
+    bool operator<(const ListMapKey& other) const noexcept { return less(*this, other); }
+    bool operator<(const Sought& sought) const noexcept { return less(*this, sought); }
+
+private:
+    std::string_view text() const noexcept { return *m_key; }
+
+    template <class Left, class Right>
+    static bool less(const Left& left, const Right& right) noexcept {
+        if (left.m_first < right.m_first) {
+            return true;
+        }
+        return left.m_first == right.m_first && lessBehind(left.text(), right.text());
+    }
+
+    /// The order of texts whose first eight bytes are the same, by eight more at a time.
+    static bool lessBehind(std::string_view left, std::string_view right) noexcept {
+        const std::size_t common = std::min(left.size(), right.size());
+        for (std::size_t i = k_width; i < common; i += k_width) {
+            // The last eight overlap with those before, where the texts agree.
+            const std::size_t place = std::min(i, common - k_width);
+            const auto leftBytes = highestFirst<std::uint64_t>(left.data() + place);
+            const auto rightBytes = highestFirst<std::uint64_t>(right.data() + place);
+            if (leftBytes != rightBytes) {
+                return leftBytes < rightBytes;
+            }
+        }
+        return left.size() < right.size();
+    }
+
     /// The first eight bytes, the first one highest, as if zeros followed the text.
-    static std::uint64_t firstBytes(const std::string& key) noexcept {
+    static std::uint64_t firstBytes(std::string_view key) noexcept {
         const char* const text = key.data();
         const std::size_t length = key.size();
         if (length >= k_width) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -22,7 +23,8 @@ std::vector<std::string> manyTexts() {
         }
     }
     std::vector<std::string> texts;
-    for (const char* const head : {"", "abc", "abcdef", "abcdefg", "abcdefgh", "abcdefghi"}) {
+    for (const char* const head :
+         {"", "abc", "abcdef", "abcdefg", "abcdefgh", "abcdefghi", "abcdefghijklmno"}) {
         for (const std::string& tail : tails) {
             texts.push_back(head + tail);
         }
@@ -35,6 +37,20 @@ TEST(ListMapKey, OrdersTextsAsTheTextsThemselves) {
         for (const std::string& right : manyTexts()) {
             ASSERT_EQ(TextKey(left) < TextKey(right), left < right)
                 << testing::PrintToString(left) << " and " << testing::PrintToString(right);
+        }
+    }
+}
+
+TEST(ListMapKey, OrdersTextsThatAreSoughtAsTheTextsThemselves) {
+    for (const std::string& left : manyTexts()) {
+        // Nothing behind the text may count.
+        const std::string longer = left + "\xFF";
+        const TextKey::Sought sought(std::string_view(longer).substr(0, left.size()));
+        for (const std::string& right : manyTexts()) {
+            ASSERT_EQ(sought < TextKey(right), left < right)
+                << testing::PrintToString(left) << " and " << testing::PrintToString(right);
+            ASSERT_EQ(TextKey(right) < sought, right < left)
+                << testing::PrintToString(right) << " and " << testing::PrintToString(left);
         }
     }
 }

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <functional>
 #include <iterator>
-#include <new>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -209,26 +208,6 @@ TEST(ListMap, SwapExchangesTheEntriesWithTheirAddresses) {
     EXPECT_EQ(dump(map), "x=9");
     EXPECT_EQ(dump(other), "b=1 a=2 c=3");
     EXPECT_EQ(other.find("a"), place);
-}
-
-TEST(ListMap, IsAsBeforeWhenInsertRunsOutOfMemory) {
-    FailingMap map;
-    map.insert({"b", 1});
-    const int live = AllocationCount::s_live;
-    int failures = 0;
-    for (bool done = false; !done;) {
-        try {
-            const AllocationLimit limit(failures);
-            done = map.insert({"a", 2}).second;
-        } catch (const std::bad_alloc&) {
-            ++failures;
-            EXPECT_EQ(dump(map), "b=1");
-            EXPECT_EQ(map.find("a"), map.end());
-            EXPECT_EQ(AllocationCount::s_live, live);
-        }
-    }
-    EXPECT_EQ(failures, 2) << "one for the list, one for the tree";
-    EXPECT_EQ(dump(map), "b=1 a=2");
 }
 
 TEST(ListMap, InsertOfAnExistingKeyAllocatesNothing) {
