@@ -22,6 +22,7 @@
 #include <zo/Tessera/PathParser.h>
 #include <zo/Tessera/SchemaPathConverters.h>
 #include <zo/Tessera/TBasicElement.h>
+#include <zo/Tessera/TreeAllocator.h>
 #include <zo/Tessera/readDocument.h>
 #include <zo/Tessera/visit.h>
 #include <zo/Tessera/writeDocument.h>

@@ -6,6 +6,7 @@
 #include <zo/Tessera/Exception.h>
 
 #include "containers/treeWalks.h"
+#include "support/TreeMemory.h"
 #include "support/asciiText.h"
 #include "value_model/elementRules.h"
 
@@ -31,14 +32,14 @@ std::basic_ostream<Char>& writeAddresses(std::basic_ostream<Char>& out, const Ar
 Array::Array() = default;
 
 // The list is made before the base attaches: nothing can fail once the parent holds this array.
-Array::Array(Element* parent, const std::string& key) : Array(IndexList<Element*>(), parent, key) {}
+Array::Array(Element* parent, const std::string& key) : Array(Items(), parent, key) {}
 
-Array::Array(Element* parent) : Array(IndexList<Element*>(), parent) {}
+Array::Array(Element* parent) : Array(Items(), parent) {}
 
-Array::Array(IndexList<Element*>&& prepared, Element* parent, const std::string& key)
+Array::Array(Items&& prepared, Element* parent, const std::string& key)
     : Element(parent, key), m_elements(std::move(prepared)) {}
 
-Array::Array(IndexList<Element*>&& prepared, Element* parent)
+Array::Array(Items&& prepared, Element* parent)
     : Element(parent), m_elements(std::move(prepared)) {}
 
 Array::Array(const Array& other) : Array() {
@@ -87,7 +88,7 @@ Array::const_iterator Array::end() const {
 }
 
 Array* Array::clone() const {
-    return new Array(*this);
+    return newInTree<Array>(*this);
 }
 
 EType Array::type() const {

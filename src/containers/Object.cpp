@@ -7,6 +7,7 @@
 #include <zo/Tessera/Path.h>
 
 #include "containers/treeWalks.h"
+#include "support/TreeMemory.h"
 #include "value_model/elementRules.h"
 
 namespace zo::Tessera {
@@ -66,11 +67,15 @@ std::pair<Object::iterator, bool> Object::insert(const std::string& key, Element
     if (!value) {
         throw Exception("Null pointer exception: child may not be null");
     }
-    std::string childKey(key);
-    const std::pair<iterator, bool> result = m_elements.insert({key, value});
+    const std::pair<iterator, bool> result = m_elements.insert(key, value);
     if (result.second) {
+        try {
+            value->m_key = key;
+        } catch (...) {
+            m_elements.erase(result.first);
+            throw;
+        }
         value->m_parent = this;
-        value->m_key.swap(childKey);
         value->m_index = Path::k_noIndex;
     } else if (Element*& stored = result.first->second; stored != value) {
         // Stored without attaching it: callers rely on the value's own place being kept.
@@ -112,7 +117,7 @@ Object::const_iterator Object::end() const {
 }
 
 Object* Object::clone() const {
-    return new Object(*this);
+    return newInTree<Object>(*this);
 }
 
 EType Object::type() const {

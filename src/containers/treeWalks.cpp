@@ -10,45 +10,41 @@
 
 #include "containers/Children.h"
 #include "containers/Place.h"
+#include "support/TreeMemory.h"
 #include "support/asciiText.h"
 
 namespace zo::Tessera {
 
 namespace {
 
-/// The element as the class itself, null when it is of another one, a derived one included.
-template <class Container>
-const Container* exactly(EType kind, const Element& element) {
-    return element.type() == kind && typeid(element) == typeid(Container)
-               ? static_cast<const Container*>(&element)
-               : nullptr;
-}
-
-const Array* exactArray(const Element& element) {
-    return exactly<Array>(etArray, element);
-}
-
-const Object* exactObject(const Element& element) {
-    return exactly<Object>(etObject, element);
-}
-
-bool isExactContainer(const Element& element) {
-    return exactArray(element) != nullptr || exactObject(element) != nullptr;
+/// Of which of the two classes of containers the element is itself; `etEmpty` for any other class,
+/// a derived one included.
+EType exactContainer(const Element& element) {
+    const EType kind = element.type();
+    if ((kind == etArray && typeid(element) == typeid(Array)) ||
+        (kind == etObject && typeid(element) == typeid(Object))) {
+        return kind;
+    }
+    return etEmpty;
 }
 
 }  // namespace
 
-Element* TreeDestroyer::takeFirst(Array& array) noexcept {
-    return array.m_elements.empty() ? nullptr : array.m_elements.takeFirst();
+template <class Container>
+Element* TreeDestroyer::deleteToContainer(Container& parent) noexcept {
+    while (!parent.m_elements.empty()) {
+        Element* const child = parent.m_elements.takeFirst();
+        if (exactContainer(*child) != etEmpty) {
+            return child;
+        }
+        delete child;
+    }
+    return nullptr;
 }
 
-Element* TreeDestroyer::takeFirst(Object& object) noexcept {
-    return object.m_elements.empty() ? nullptr : object.m_elements.takeFirst();
-}
-
-Element* TreeDestroyer::takeFirst(Element& container) noexcept {
-    return container.type() == etArray ? takeFirst(static_cast<Array&>(container))
-                                       : takeFirst(static_cast<Object&>(container));
+Element* TreeDestroyer::deleteToContainer(Element& parent) noexcept {
+    return parent.type() == etArray ? deleteToContainer(static_cast<Array&>(parent))
+                                    : deleteToContainer(static_cast<Object&>(parent));
 }
 
 template <class Container>
@@ -57,17 +53,14 @@ void TreeDestroyer::deleteBelow(Container& top) noexcept {
     // in any of them is deleted.
     Element* open = &top;
     while (true) {
-        Element* const child = open == &top ? takeFirst(top) : takeFirst(*open);
-        if (child == nullptr) {
-            if (open == &top) {
-                return;
-            }
-            delete std::exchange(open, open->m_parent);
-        } else if (isExactContainer(*child)) {
+        Element* const child = open == &top ? deleteToContainer(top) : deleteToContainer(*open);
+        if (child != nullptr) {
             child->m_parent = open;
             open = child;
+        } else if (open != &top) {
+            delete std::exchange(open, open->m_parent);
         } else {
-            delete child;
+            return;
         }
     }
 }
@@ -85,6 +78,8 @@ class TreeCopier {
 public:
     template <class Container>
     static void copyChildren(Container& target, const Container& source) {
+        TreeMemory memory;
+        const TreeMemory::Scope scope(memory);
         TreeCopier copier;
         copier.m_open.emplace_back(Children(source), &target);
         copier.run();
@@ -99,7 +94,7 @@ private:
 
         void store(std::unique_ptr<Element> copy) {
             if (m_object) {
-                m_object->m_elements.insert({m_source.key(), copy.get()});
+                m_object->m_elements.insert(m_source.key(), copy.get());
             } else {
                 m_array->m_elements.push_back(copy.get());
             }
@@ -115,7 +110,7 @@ private:
 
     template <class Container>
     void open(const Container& source) {
-        auto copy = std::make_unique<Container>();
+        auto copy = std::unique_ptr<Container>(newInTree<Container>());
         m_open.emplace_back(Children(source), copy.get());
         m_open.back().m_copy = std::move(copy);
     }
@@ -128,12 +123,15 @@ private:
                 continue;
             }
             const Element& child = m_open.back().m_source.element();
-            if (const Array* const array = exactArray(child)) {
-                open(*array);
-            } else if (const Object* const object = exactObject(child)) {
-                open(*object);
-            } else {
-                m_open.back().store(std::unique_ptr<Element>(child.clone()));
+            switch (exactContainer(child)) {
+                case etArray:
+                    open(static_cast<const Array&>(child));
+                    break;
+                case etObject:
+                    open(static_cast<const Object&>(child));
+                    break;
+                default:
+                    m_open.back().store(std::unique_ptr<Element>(child.clone()));
             }
         }
     }
@@ -268,13 +266,13 @@ private:
         if (&left == &right) {
             return 0;
         }
-        if (const Array* const array = exactArray(left); array && right.type() == etArray) {
-            return open(*array, static_cast<const Array&>(right));
+        const EType kind = exactContainer(left);
+        if (kind == etEmpty || kind != right.type()) {
+            return left.compare(right);
         }
-        if (const Object* const object = exactObject(left); object && right.type() == etObject) {
-            return open(*object, static_cast<const Object&>(right));
-        }
-        return left.compare(right);
+        return kind == etArray
+                   ? open(static_cast<const Array&>(left), static_cast<const Array&>(right))
+                   : open(static_cast<const Object&>(left), static_cast<const Object&>(right));
     }
 
     std::vector<Level> m_open;  // from the outermost inward
@@ -319,9 +317,9 @@ std::basic_ostream<Char>& writeTree(std::basic_ostream<Char>& out, const Object&
         const Element& value = members.element();
         writeKey(out, members.key()) << Ascii{" : "};
         members.advance();
-        if (const Object* const inner = exactObject(value)) {
+        if (exactContainer(value) == etObject) {
             out << Ascii{"{ "};
-            open.emplace_back(*inner);
+            open.emplace_back(static_cast<const Object&>(value));
         } else {
             value.writeTo(out) << Ascii{","};
         }

@@ -26,9 +26,13 @@ public:
 private:
     template <class Container>
     static void deleteBelow(Container& top) noexcept;
-    static Element* takeFirst(Array& array) noexcept;
-    static Element* takeFirst(Object& object) noexcept;
-    static Element* takeFirst(Element& container) noexcept;
+    /// Deletes children up to the first one that is a container itself and takes that one out;
+    /// null when there is none.
+    /// @{
+    template <class Container>
+    static Element* deleteToContainer(Container& parent) noexcept;
+    static Element* deleteToContainer(Element& parent) noexcept;
+    /// @}
 };
 
 /// Appends deep copies of the source's children to the target, not attached. If one fails, those

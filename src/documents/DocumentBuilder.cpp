@@ -22,24 +22,24 @@ constexpr int k_stop = 0;
 DocumentBuilder::DocumentBuilder(const ReadOptions& options) : m_options(options) {}
 
 int DocumentBuilder::cb_null() {
-    place(std::make_unique<Null>());
+    place<Null>();
     return k_goOn;
 }
 
 int DocumentBuilder::cb_boolean(bool value) {
-    place(std::make_unique<TBasicElement<bool>>(value));
+    place<TBasicElement<bool>>(value);
     return k_goOn;
 }
 
 int DocumentBuilder::cb_number(const char* text, size_t length) {
-    auto number = std::make_unique<TBasicElement<BasicNumber>>(BasicNumber());
-    number->value().set(text, length);
-    place(std::move(number));
+    BasicNumber number;
+    number.set(text, length);
+    place<TBasicElement<BasicNumber>>(std::move(number));
     return k_goOn;
 }
 
 int DocumentBuilder::cb_string(const char* text, size_t length) {
-    place(std::make_unique<TBasicElement<std::string>>(std::string(text, length)));
+    place<TBasicElement<std::string>>(std::string(text, length));
     return k_goOn;
 }
 
@@ -117,22 +117,28 @@ std::unique_ptr<Element> DocumentBuilder::takeRoot() {
     return std::move(m_root);
 }
 
-void DocumentBuilder::place(std::unique_ptr<Element> element) {
+template <class T, class... Value>
+Element& DocumentBuilder::place(Value&&... value) {
+    const TreeMemory::Scope scope(m_memory);
+    std::unique_ptr<Element> element(newInTree<T>(std::forward<Value>(value)...));
+    Element& placed = *element;
     if (!m_container) {
         m_root = std::move(element);
-    } else if (m_haveKey) {
+        return placed;
+    }
+    if (m_haveKey) {
         Object& object = m_container->getObjectValue();
-        Element* const member = element.get();
-        const bool isNew = object.insert(m_key, member).second;
+        const bool isNew = object.insert(m_key, &placed).second;
         static_cast<void>(element.release());
         if (!isNew) {
-            object.replace(m_key, member);  // which attaches it
+            object.replace(m_key, &placed);  // which attaches it
         }
         m_haveKey = false;
     } else {
-        m_container->getArrayValue().push_back(element.get());
+        m_container->getArrayValue().push_back(&placed);
         static_cast<void>(element.release());
     }
+    return placed;
 }
 
 template <class Container>
@@ -140,10 +146,7 @@ int DocumentBuilder::open() {
     if (m_depth == m_options.greatestDepth) {
         return refuse("nested deeper than " + std::to_string(m_depth) + " levels");
     }
-    auto container = std::make_unique<Container>();
-    Container* const opened = container.get();
-    place(std::move(container));
-    m_container = opened;
+    m_container = &place<Container>();
     ++m_depth;
     return k_goOn;
 }

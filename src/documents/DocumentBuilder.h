@@ -9,6 +9,8 @@
 #include <zo/Tessera/Element.h>
 #include <zo/Tessera/readDocument.h>
 
+#include "support/TreeMemory.h"
+
 namespace zo::Tessera {
 
 /// Builds a tree from the events of one well-formed text. An event is refused only for what the
@@ -49,13 +51,15 @@ public:
     std::unique_ptr<Element> takeRoot();
 
 private:
-    void place(std::unique_ptr<Element> element);
+    template <class T, class... Value>
+    Element& place(Value&&... value);
     template <class Container>
     int open();
     int close();
     int refuse(const std::string& reason);
 
     const ReadOptions& m_options;
+    TreeMemory m_memory;
     std::unique_ptr<Element> m_root;
     Element* m_container = nullptr;  // the innermost open one
     size_t m_depth = 0;

@@ -156,7 +156,7 @@ int CallbackParser::tell(void* context, const Event& event) {
         const WhileListening scope(state.m_locale);
         answer = event(parser.listener());
     }
-    if (answer != 0) {
+    if (state.m_tracksSettled && answer != 0) {
         state.m_settled = yajl_get_bytes_consumed(state.m_handle.get());
     }
     // The listener may have chosen the callbacks anew.

@@ -45,8 +45,9 @@ struct CallbackParser::Private {
     // handle that they came from.
     std::list<YajlErrorText> m_acceptedErrors;
     TokeniserLocale m_locale;
-    size_t m_piece = 0;    // the bytes of the piece at hand
-    size_t m_silence = 0;  // the bytes of the pieces before it, since the last event
+    size_t m_piece = 0;            // the bytes of the piece at hand
+    size_t m_silence = 0;          // the bytes of the pieces before it, since the last event
+    bool m_tracksSettled = false;  // whether the next one is kept
     // Where in the piece at hand the token of its last event ends that the listener accepted.
     std::optional<size_t> m_settled;
 

@@ -8,6 +8,7 @@ namespace zo::Tessera {
 
 DocumentTokeniser::DocumentTokeniser(CallbackParserListener& listener, bool allowComments)
     : m_parser(&listener) {
+    m_parser.m_private->m_tracksSettled = true;
     yajl_config(m_parser.m_private->m_handle.get(), yajl_allow_comments, allowComments ? 1 : 0);
 }
 

@@ -2,11 +2,15 @@
 
 #include <istream>
 #include <sstream>
+#include <utility>
 
 #include <zo/Tessera/BasicNumber.h>
 #include <zo/Tessera/Dom.h>
 #include <zo/Tessera/Element.h>
 #include <zo/Tessera/Exception.h>
+#include <zo/Tessera/TBasicElement.h>
+
+#include "support/TreeMemory.h"
 
 namespace zo::Tessera {
 
@@ -20,7 +24,8 @@ constexpr int k_goOn = 1;
 
 }  // namespace
 
-DomParser::DomParser() : m_parser(std::make_unique<CallbackParser>(this)) {}
+DomParser::DomParser()
+    : m_parser(std::make_unique<CallbackParser>(this)), m_memory(std::make_unique<TreeMemory>()) {}
 
 DomParser::~DomParser() = default;
 
@@ -49,6 +54,7 @@ void DomParser::parse(Dom& dom, const char* data, size_t length) {
 /// key, as the factories of `Element` do.
 template <class Make>
 Element* DomParser::place(const char* unexpected, const char* withoutKey, const Make& make) {
+    const TreeMemory::Scope scope(*m_memory);
     if (!m_current) {
         if (!m_dom || m_dom->root()) {
             refuse(m_current, unexpected);
@@ -89,14 +95,18 @@ int DomParser::cb_number(const char* text, size_t length) {
     BasicNumber number;
     number.set(text, length);
     place("Unexpected number value", "Unexpected number value without map key",
-          [&](const auto&... where) { return Element::createNumber(number, where...); });
+          [&](const auto&... where) {
+              return newInTree<TBasicElement<BasicNumber>>(std::move(number), where...);
+          });
     return k_goOn;
 }
 
 int DomParser::cb_string(const char* text, size_t length) {
-    const std::string string(text, length);
+    std::string string(text, length);
     place("Unexpected string value", "Unexpected string value without map key",
-          [&](const auto&... where) { return Element::createString(string, where...); });
+          [&](const auto&... where) {
+              return newInTree<TBasicElement<std::string>>(std::move(string), where...);
+          });
     return k_goOn;
 }
 

@@ -34,6 +34,7 @@ public:
     ItemRemoval(const ItemRemoval&) = delete;
     ItemRemoval& operator=(const ItemRemoval&) = delete;
 
+    // NOLINTNEXTLINE(bugprone-exception-escape): what it calls does not grow.
     ~ItemRemoval() {
         while (next()) {
         }
@@ -71,7 +72,7 @@ private:
     Array& m_array;
     Array::iterator m_current;
     Array::iterator m_next;
-    std::list<Element*> m_removed;  // owned; the pattern may be among them
+    std::list<Element*, TreeAllocator<Element*>> m_removed;  // owned; the pattern may be among them
 };
 
 Element* Element::findElement(const Element& pattern, const Path& keyPath, const Path& arrayPath) {

@@ -9,6 +9,7 @@
 #include <zo/Tessera/Path.h>
 #include <zo/Tessera/TBasicElement.h>
 
+#include "support/TreeMemory.h"
 #include "support/asciiText.h"
 
 namespace zo::Tessera {
@@ -65,6 +66,41 @@ Element::Element(Element* parent) : m_parent(checkedParent(parent)), m_index(Pat
 }
 
 Element::~Element() = default;
+
+// NOLINTNEXTLINE(misc-new-delete-overloads): its counterpart is the one that is told the size.
+void* Element::operator new(std::size_t size) {
+    return TreeMemory::allocateOutside(size);
+}
+
+void* Element::operator new(std::size_t size, const std::nothrow_t& none) noexcept {
+    return ::operator new(TreeMemory::roundedUp(size), none);
+}
+
+void* Element::operator new(std::size_t size, std::align_val_t alignment) {
+    return ::operator new(size, alignment);
+}
+
+void* Element::operator new(std::size_t size, std::align_val_t alignment,
+                            const std::nothrow_t& none) noexcept {
+    return ::operator new(size, alignment, none);
+}
+
+void Element::operator delete(void* memory, std::size_t size) noexcept {
+    releaseForTree(memory, size);
+}
+
+void Element::operator delete(void* memory, const std::nothrow_t&) noexcept {
+    ::operator delete(memory);
+}
+
+void Element::operator delete(void* memory, std::align_val_t alignment,
+                              const std::nothrow_t&) noexcept {
+    ::operator delete(memory, alignment);
+}
+
+void Element::operator delete(void* memory, std::align_val_t alignment) noexcept {
+    ::operator delete(memory, alignment);
+}
 
 TBasicElement<bool>& Element::getBooleanValue() {
     throw typeMismatch(*this, etBoolean);

@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "support/TreeMemory.h"
 #include "value_model/elementRules.h"
 
 namespace zo::Tessera {
@@ -15,7 +16,7 @@ Null::Null(Element* parent) : Element(parent) {}
 Null::~Null() = default;
 
 Null* Null::clone() const {
-    return new Null(*this);
+    return newInTree<Null>(*this);
 }
 
 EType Null::type() const {

@@ -7,6 +7,7 @@
 #include <zo/Tessera/Exception.h>
 #include <zo/convert.h>
 
+#include "support/TreeMemory.h"
 #include "support/asciiText.h"
 #include "value_model/elementRules.h"
 
@@ -93,7 +94,7 @@ const T& TBasicElement<T>::value() const {
 
 template <class T>
 TBasicElement<T>* TBasicElement<T>::clone() const {
-    return new TBasicElement(*this);
+    return newInTree<TBasicElement>(*this);
 }
 
 template <class T>

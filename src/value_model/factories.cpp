@@ -5,6 +5,8 @@
 #include <zo/Tessera/Object.h>
 #include <zo/Tessera/TBasicElement.h>
 
+#include "support/TreeMemory.h"
+
 namespace zo::Tessera {
 
 namespace {
@@ -38,75 +40,75 @@ std::unique_ptr<Element> numberValue(T number) {
 }  // namespace
 
 Element* Element::createNull() {
-    return new Null();
+    return newInTree<Null>();
 }
 
 Element* Element::createNull(Element* parent, const std::string& key) {
-    return new Null(parent, key);
+    return newInTree<Null>(parent, key);
 }
 
 Element* Element::createNull(Element* parent) {
-    return new Null(parent);
+    return newInTree<Null>(parent);
 }
 
 Element* Element::createBoolean(bool value) {
-    return new TBasicElement<bool>(value);
+    return newInTree<TBasicElement<bool>>(value);
 }
 
 Element* Element::createBoolean(bool value, Element* parent, const std::string& key) {
-    return new TBasicElement<bool>(value, parent, key);
+    return newInTree<TBasicElement<bool>>(value, parent, key);
 }
 
 Element* Element::createBoolean(bool value, Element* parent) {
-    return new TBasicElement<bool>(value, parent);
+    return newInTree<TBasicElement<bool>>(value, parent);
 }
 
 Element* Element::createNumber(const BasicNumber& value) {
-    return new TBasicElement<BasicNumber>(value);
+    return newInTree<TBasicElement<BasicNumber>>(value);
 }
 
 Element* Element::createNumber(const BasicNumber& value, Element* parent, const std::string& key) {
-    return new TBasicElement<BasicNumber>(value, parent, key);
+    return newInTree<TBasicElement<BasicNumber>>(value, parent, key);
 }
 
 Element* Element::createNumber(const BasicNumber& value, Element* parent) {
-    return new TBasicElement<BasicNumber>(value, parent);
+    return newInTree<TBasicElement<BasicNumber>>(value, parent);
 }
 
 Element* Element::createString(const std::string& value) {
-    return new TBasicElement<std::string>(value);
+    return newInTree<TBasicElement<std::string>>(value);
 }
 
 Element* Element::createString(const std::string& value, Element* parent, const std::string& key) {
-    return new TBasicElement<std::string>(value, parent, key);
+    return newInTree<TBasicElement<std::string>>(value, parent, key);
 }
 
 Element* Element::createString(const std::string& value, Element* parent) {
-    return new TBasicElement<std::string>(value, parent);
+    return newInTree<TBasicElement<std::string>>(value, parent);
 }
 
 Element* Element::createObject() {
-    return new Object();
+    return newInTree<Object>();
 }
 
 Element* Element::createObject(Element* parent, const std::string& key) {
-    return new Object(parent, key);
+    return newInTree<Object>(parent, key);
 }
 
 Element* Element::createObject(Element* parent) {
-    return new Object(parent);
+    return newInTree<Object>(parent);
 }
 
 Element* Element::createArray() {
-    return new Array();
+    return newInTree<Array>();
 }
 
 Element* Element::createArray(Element* parent, const std::string& key) {
-    return new Array(parent, key);
+    return newInTree<Array>(parent, key);
 }
 
 Element* Element::createArray(Element* parent) {
-    return new Array(parent);
+    return newInTree<Array>(parent);
 }
 
 Element* Element::create(EType type) {

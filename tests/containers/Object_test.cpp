@@ -19,8 +19,9 @@ using namespace zo::Tessera;
 namespace {
 
 static_assert(std::is_same_v<decltype(Object::k_empty), const Object>);
-static_assert(
-    std::is_same_v<Object::Members, zo::ListMap<std::string, Element*, std::less<std::string>>>);
+// Wherever the memory comes from.
+static_assert(std::is_same_v<Object::iterator,
+                             zo::ListMap<std::string, Element*, std::less<std::string>>::iterator>);
 
 /// The keys in order, for example "b a c ".
 std::string keys(const Object& object) {

@@ -1,22 +1,33 @@
 #ifndef ZO_TESSERA_TESTS_SUPPORT_FAILINGNEW_H
 #define ZO_TESSERA_TESTS_SUPPORT_FAILINGNEW_H
 
+#include <malloc.h>
+
+#include <atomic>
 #include <cstddef>
 #include <cstdlib>
 #include <new>
 
 #include "support/NoMemory.h"
 
-/// Replaces the program's allocation, the shared libraries' too, by one that can be told to fail.
-/// The replacements cannot be inline: include this in one source of a program only.
+/// Replaces the program's allocation, the shared libraries' too, by one that can be told to fail,
+/// and that counts. The replacements cannot be inline: include this in one source of a program
+/// only.
 struct FailingNew {
     static constexpr long k_unlimited = -1;
+    static constexpr std::align_val_t k_usual{__STDCPP_DEFAULT_NEW_ALIGNMENT__};
 
     /// How many allocations may still succeed; every further one throws, or the next one alone.
     inline static long s_left = k_unlimited;
     inline static bool s_onlyOnce = false;
 
-    static void* allocate(std::size_t size) {
+    /// What is out.
+    /// @{
+    inline static std::atomic<long> s_blocks = 0;
+    inline static std::atomic<long> s_bytes = 0;
+    /// @}
+
+    static void* allocate(std::size_t size, std::align_val_t alignment = k_usual) {
         if (s_left == 0) {
             s_left = s_onlyOnce ? k_unlimited : 0;
             throw std::bad_alloc();
@@ -24,11 +35,23 @@ struct FailingNew {
         if (s_left > 0) {
             --s_left;
         }
-        void* const block = std::malloc(size > 0 ? size : 1);
+        void* const block = alignment == k_usual
+                                ? std::malloc(size > 0 ? size : 1)
+                                : std::aligned_alloc(static_cast<std::size_t>(alignment), size);
         if (!block) {
             throw std::bad_alloc();
         }
+        ++s_blocks;
+        s_bytes += static_cast<long>(malloc_usable_size(block));
         return block;
+    }
+
+    static void release(void* block) noexcept {
+        if (block) {
+            --s_blocks;
+            s_bytes -= static_cast<long>(malloc_usable_size(block));
+            std::free(block);
+        }
     }
 };
 
@@ -38,17 +61,44 @@ void* operator new(std::size_t size) {
 void* operator new[](std::size_t size) {
     return FailingNew::allocate(size);
 }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+        return FailingNew::allocate(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    return FailingNew::allocate(size, alignment);
+}
+void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+    try {
+        return FailingNew::allocate(size, alignment);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
 void operator delete(void* block) noexcept {
-    std::free(block);
+    FailingNew::release(block);
 }
 void operator delete[](void* block) noexcept {
-    std::free(block);
+    FailingNew::release(block);
 }
 void operator delete(void* block, std::size_t) noexcept {
-    std::free(block);
+    FailingNew::release(block);
 }
 void operator delete[](void* block, std::size_t) noexcept {
-    std::free(block);
+    FailingNew::release(block);
+}
+void operator delete(void* block, std::align_val_t) noexcept {
+    FailingNew::release(block);
+}
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
+    FailingNew::release(block);
+}
+
+LiveMemory LiveMemory::now() {
+    return {FailingNew::s_blocks, FailingNew::s_bytes};
 }
 
 NoMemory::NoMemory() {

@@ -8,6 +8,7 @@
 
 #include <zo/IndexList.h>
 #include <zo/Tessera/Element.h>
+#include <zo/Tessera/TreeAllocator.h>
 
 namespace zo::Tessera {
 
@@ -17,8 +18,9 @@ namespace zo::Tessera {
 /// Arrays order by length first, then by the first pair of children that differ.
 class ZO_TESSERA_EXPORT Array : public Element {
 public:
-    using iterator = IndexList<Element*>::iterator;
-    using const_iterator = IndexList<Element*>::const_iterator;
+    using Items = IndexList<Element*, TreeAllocator<Element*>>;
+    using iterator = Items::iterator;
+    using const_iterator = Items::const_iterator;
 
     /// An empty array for callers to share.
     static const Array k_empty;
@@ -114,10 +116,10 @@ private:
     friend class TreeCopier;
     friend class TreeDestroyer;
 
-    Array(IndexList<Element*>&& prepared, Element* parent, const std::string& key);
-    Array(IndexList<Element*>&& prepared, Element* parent);
+    Array(Items&& prepared, Element* parent, const std::string& key);
+    Array(Items&& prepared, Element* parent);
 
-    IndexList<Element*> m_elements;  // the children are owned
+    Items m_elements;  // the children are owned
 };
 
 }  // namespace zo::Tessera

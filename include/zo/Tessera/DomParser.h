@@ -13,9 +13,12 @@ namespace zo::Tessera {
 
 class Dom;
 class Element;
+class TreeMemory;
 
 /// Builds the tree of a document from JSON text. One parser reads one document: a second `parse`
 /// goes on with the text of the first, into an emptied `Dom`.
+///
+/// The parser keeps up to 64 KiB of the tree's memory until it is destroyed itself.
 ///
 /// A member whose key comes again replaces the earlier value in its place. A text that is cut off
 /// raises nothing, and a number at its very end is not read (see `CallbackParser`); `readDocument`
@@ -65,6 +68,7 @@ private:
     Element* place(const char* unexpected, const char* withoutKey, const Make& make);
 
     std::unique_ptr<CallbackParser> m_parser;
+    std::unique_ptr<TreeMemory> m_memory;
     Dom* m_dom = nullptr;          // not owned, set during `parse` only
     Element* m_current = nullptr;  // not owned: the open container, null at top level
     std::string m_pendingKey;

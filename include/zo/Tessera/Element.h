@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <iosfwd>
 #include <memory>
+#include <new>
 #include <optional>
 #include <string>
 #include <type_traits>
@@ -370,6 +371,28 @@ public:
     /// The element at `path`, or its default when there is none. Beware: the default is looked up
     /// first, and throws when it is missing even where the element exists.
     const Element& getUsingDefault(const Path& path) const;
+    /// @}
+
+    /// \name Memory
+    /// What `new` and `delete` take, in the usual forms. The elements of a tree that was read or
+    /// copied stand in memory that is given back in pieces: an element that is taken out of such a
+    /// tree, and outlives it, keeps its piece, of 64 KiB at most and less of a small tree. A
+    /// `clone` of it keeps none. Any thread may delete it; but not with `::delete`. A placement
+    /// form of your own is called as `::new`.
+    /// @{
+    // NOLINTNEXTLINE(misc-new-delete-overloads): its counterpart is the one that is told the size.
+    static void* operator new(std::size_t size);
+    static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
+    static void* operator new(std::size_t size, std::align_val_t alignment);
+    static void* operator new(std::size_t size, std::align_val_t alignment,
+                              const std::nothrow_t&) noexcept;
+    static void* operator new(std::size_t, void* place) noexcept { return place; }
+    static void operator delete(void* memory, std::size_t size) noexcept;
+    static void operator delete(void* memory, std::align_val_t alignment) noexcept;
+    static void operator delete(void* memory, const std::nothrow_t&) noexcept;
+    static void operator delete(void* memory, std::align_val_t alignment,
+                                const std::nothrow_t&) noexcept;
+    static void operator delete(void*, void*) noexcept {}
     /// @}
 
 protected:

@@ -10,6 +10,7 @@
 
 #include <zo/ListMap.h>
 #include <zo/Tessera/Element.h>
+#include <zo/Tessera/TreeAllocator.h>
 
 namespace zo::Tessera {
 
@@ -22,7 +23,8 @@ namespace zo::Tessera {
 /// does not equal {"b":2,"a":1}. Where keys matter, compare them while iterating.
 class ZO_TESSERA_EXPORT Object : public Element {
 public:
-    using Members = ListMap<std::string, Element*, std::less<std::string>>;
+    using Members = ListMap<std::string, Element*, std::less<std::string>,
+                            TreeAllocator<std::pair<const std::string, Element*>>>;
     using iterator = Members::iterator;
     using const_iterator = Members::const_iterator;
 
