@@ -16,6 +16,7 @@
 #include <zo/Tessera/Exception.h>
 #include <zo/Tessera/Generator.h>
 #include <zo/Tessera/Null.h>
+#include <zo/Tessera/NumberText.h>
 #include <zo/Tessera/Object.h>
 #include <zo/Tessera/Path.h>
 #include <zo/Tessera/PathGenerator.h>

@@ -51,7 +51,7 @@ private:
                 m_status = m_generator.boolean(element.getBooleanValue().value());
                 break;
             case etNumber:
-                m_status = m_generator.number(element.getNumberValue().value().toString());
+                m_status = m_generator.number(element.getNumberValue().value().text());
                 break;
             case etString:
                 m_status = m_generator.string(element.getStringValue().value());
@@ -166,7 +166,7 @@ int Generator::gen_double(double value) {
 }
 
 int Generator::gen_number(const BasicNumber& number) {
-    return m_private->m_gen.number(number.toString());
+    return m_private->m_gen.number(number.text());
 }
 
 int Generator::gen_string(const std::string& text) {

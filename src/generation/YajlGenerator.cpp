@@ -44,7 +44,7 @@ int YajlGenerator::real(double value) {
     return send(yajl_gen_double, value);
 }
 
-int YajlGenerator::number(const std::string& text) {
+int YajlGenerator::number(std::string_view text) {
     return send(yajl_gen_number, text.data(), text.size());
 }
 

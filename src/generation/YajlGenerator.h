@@ -35,7 +35,7 @@ public:
     int boolean(bool value);
     int integer(long long value);
     int real(double value);
-    int number(const std::string& text);
+    int number(std::string_view text);
     int string(const std::string& text);
     int openMap();
     int closeMap();

@@ -31,8 +31,8 @@ Ascii binaryTypeName(BasicNumber::EBinaryType type) {
     return enumName(names, type, ">>Unknown<<");
 }
 
-BasicNumber::EBinaryType classify(const std::string& text) {
-    if (text.find_first_of(".eE") != std::string::npos) {
+BasicNumber::EBinaryType classify(std::string_view text) {
+    if (text.find_first_of(".eE") != std::string_view::npos) {
         return BasicNumber::ebDouble;
     }
     return !text.empty() && text.front() == '-' ? BasicNumber::ebLongLong
@@ -42,7 +42,7 @@ BasicNumber::EBinaryType classify(const std::string& text) {
 /// What formatted extraction from `text` leaves in `target`. A stream is only made for what is not
 /// plain digits: leading blanks, a plus sign, trailing letters, nothing at all.
 template <class Integer>
-void extractInteger(const std::string& text, Integer& target) {
+void extractInteger(std::string_view text, Integer& target) {
     Integer value = 0;
     const char* const end = text.data() + text.size();
     const std::from_chars_result result = std::from_chars(text.data(), end, value);
@@ -50,13 +50,14 @@ void extractInteger(const std::string& text, Integer& target) {
         target = value;
         return;
     }
-    std::istringstream stream(text);
+    std::istringstream stream{std::string(text)};
     stream.imbue(std::locale::classic());
     stream >> target;
 }
 
-double convertDouble(const std::string& text) {
-    return strtod_l(text.c_str(), nullptr, classicCLocale());
+/// Of a text with a zero behind it.
+double convertDouble(std::string_view text) {
+    return strtod_l(text.data(), nullptr, classicCLocale());
 }
 
 template <class Value, class... Format>
@@ -97,7 +98,7 @@ BasicNumber& BasicNumber::operator=(const BasicNumber& other) {
 }
 
 void BasicNumber::set(const std::string& text) {
-    setText(std::string(text));
+    setText(text);
 }
 
 void BasicNumber::set(const char* text) {
@@ -105,7 +106,7 @@ void BasicNumber::set(const char* text) {
 }
 
 void BasicNumber::set(const char* text, unsigned long length) {
-    setText(length == 0 ? std::string() : std::string(checkedText(text), length));
+    setText(length == 0 ? std::string_view() : std::string_view(checkedText(text), length));
 }
 
 void BasicNumber::set(const std::wstring& text) {
@@ -203,18 +204,23 @@ BasicNumber::EBinaryType BasicNumber::type() const {
 }
 
 const std::string& BasicNumber::toString() const {
+    text();
+    return m_text.asString();
+}
+
+std::string_view BasicNumber::text() const {
     if (m_text.empty()) {
         syncToString();
     }
-    return m_text;
+    return m_text.view();
 }
 
 std::wstring BasicNumber::toWString() const {
-    return wconvert(toString());
+    return wconvert(std::string(text()));
 }
 
 std::ostream& BasicNumber::writeAt(std::ostream& out) const {
-    return out << toString();
+    return out << text();
 }
 
 std::wostream& BasicNumber::writeAt(std::wostream& out) const {
@@ -230,15 +236,15 @@ zo::DecNumber BasicNumber::toDecNumber() const {
         case ebDouble:
             return zo::DecNumber(m_binary.asDouble);
         case ebBigDecimal:
-            return zo::DecNumber(m_text);
+            return zo::DecNumber(m_text.asString());
         default:
             throw zo::RuntimeError("Unknown type, implementation missing");
     }
 }
 
-void BasicNumber::setText(std::string&& text) {
+void BasicNumber::setText(std::string_view text) {
     // The binary value stays: it is what a text that gives none is read as.
-    m_text = std::move(text);
+    m_text.assign(text);
     m_binaryType = ebNone;
 }
 
@@ -248,22 +254,23 @@ void BasicNumber::becomeBinary(EBinaryType type) {
 }
 
 void BasicNumber::syncToBinary() const {
-    const EBinaryType type = classify(m_text);
+    const std::string_view text = m_text.view();
+    const EBinaryType type = classify(text);
     switch (type) {
         case ebLongLong:
-            if (m_text.size() >= k_longLongTextLimit) {
+            if (text.size() >= k_longLongTextLimit) {
                 requireInRange(type, k_limits.minLongLong, k_limits.maxLongLong);
             }
-            extractInteger(m_text, m_binary.asLongLong);
+            extractInteger(text, m_binary.asLongLong);
             break;
         case ebULongLong:
-            if (m_text.size() >= k_uLongLongTextLimit) {
+            if (text.size() >= k_uLongLongTextLimit) {
                 requireInRange(type, k_limits.minULongLong, k_limits.maxULongLong);
             }
-            extractInteger(m_text, m_binary.asULongLong);
+            extractInteger(text, m_binary.asULongLong);
             break;
         default: {
-            const double value = convertDouble(m_text);
+            const double value = convertDouble(text);
             if (std::isinf(value)) {
                 refuse(type, k_limits.minDouble, k_limits.maxDouble);
             }
@@ -275,7 +282,7 @@ void BasicNumber::syncToBinary() const {
 
 void BasicNumber::requireInRange(EBinaryType type, const std::string& min,
                                  const std::string& max) const {
-    if (m_text > max || m_text < min) {
+    if (const std::string_view text = m_text.view(); text > max || text < min) {
         // Callers match on the signed bounds, for an unsigned text too.
         refuse(type, k_limits.minLongLong, k_limits.maxLongLong);
     }
@@ -283,7 +290,7 @@ void BasicNumber::requireInRange(EBinaryType type, const std::string& min,
 
 void BasicNumber::refuse(EBinaryType type, const std::string& min, const std::string& max) const {
     try {
-        throw ValueOutOfRange<std::string, std::string>(m_text, min, max);
+        throw ValueOutOfRange<std::string, std::string>(std::string(m_text.view()), min, max);
     } catch (const Exception&) {
         // Later readers use the binary value as it stands, without raising again. If there was no
         // memory for the exception, they try anew.
@@ -295,13 +302,13 @@ void BasicNumber::refuse(EBinaryType type, const std::string& min, const std::st
 void BasicNumber::syncToString() const {
     switch (m_binaryType) {
         case ebLongLong:
-            m_text = formatted(m_binary.asLongLong);
+            m_text.assign(formatted(m_binary.asLongLong));
             break;
         case ebULongLong:
-            m_text = formatted(m_binary.asULongLong);
+            m_text.assign(formatted(m_binary.asULongLong));
             break;
         case ebDouble:
-            m_text = formattedDouble(m_binary.asDouble);
+            m_text.assign(formattedDouble(m_binary.asDouble));
             break;
         case ebNone:
         case ebBigDecimal:

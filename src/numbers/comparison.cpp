@@ -78,7 +78,7 @@ int BasicNumber::compare(const T& x) const {
         case ebDouble:
             return compareBinary(m_binary.asDouble, x);
         case ebBigDecimal:
-            return order(zo::DecNumber(m_text), zo::DecNumber(x));
+            return order(zo::DecNumber(m_text.asString()), zo::DecNumber(x));
         default:
             throw zo::RuntimeError("Unknown type, implementation missing");
     }

@@ -74,7 +74,7 @@ T& BasicNumber::getValue(T& out) const {
         case ebDouble:
             return out = fromDouble<T>(m_binary.asDouble);
         case ebBigDecimal:
-            return out = static_cast<T>(zo::DecNumber(m_text));
+            return out = static_cast<T>(zo::DecNumber(m_text.asString()));
         default:
             return out;
     }

@@ -55,7 +55,7 @@ std::optional<Integer> wholeIntegerOf(double value) {
 }
 
 template <class Integer>
-std::optional<Integer> integerOf(const std::string& text) {
+std::optional<Integer> integerOf(std::string_view text) {
     Integer value = 0;
     const char* const end = text.data() + text.size();
     const std::from_chars_result result = std::from_chars(text.data(), end, value);
@@ -78,8 +78,9 @@ Floating nearestFloating(const char* text) {
     }
 }
 
+/// Of a text with a zero behind it.
 template <class Floating>
-std::optional<Floating> floatingOf(const std::string& text) {
+std::optional<Floating> floatingOf(std::string_view text) {
     // Both readers below also take names, hexadecimals or leading blanks.
     if (!readDecimal(text)) {
         return std::nullopt;
@@ -92,13 +93,14 @@ std::optional<Floating> floatingOf(const std::string& text) {
         }
         // A plus sign, or out of range: whether too large or too small is not told.
     }
-    return finite(nearestFloating<Floating>(text.c_str()));
+    return finite(nearestFloating<Floating>(text.data()));
 }
 
+/// Of a text with a zero behind it.
 template <class T>
-std::optional<T> fromText(const std::string& text) {
+std::optional<T> fromText(std::string_view text) {
     if constexpr (std::is_same_v<T, std::string>) {
-        return text;
+        return std::string(text);
     } else if constexpr (std::is_floating_point_v<T>) {
         return floatingOf<T>(text);
     } else {
@@ -126,7 +128,7 @@ std::optional<T> fromDouble(double value) {
         }
         BasicNumber exact;
         exact.setExact(value);
-        return exact.toString();
+        return std::string(exact.text());
     } else if constexpr (std::is_floating_point_v<T>) {
         return finite(static_cast<T>(value));
     } else {
@@ -139,7 +141,7 @@ std::optional<T> fromDouble(double value) {
 std::string derivedText(double value) {
     BasicNumber number;
     number.set(value);
-    return number.toString();
+    return std::string(number.text());
 }
 
 /// The bounds that a refusal reports.
@@ -173,22 +175,23 @@ T BasicNumber::as() const {
 // counts as right in any case, even before it is derived.
 template <class T, class>
 std::optional<T> BasicNumber::tryAs() const {
+    const std::string_view text = m_text.view();
     if (m_binaryType == ebDouble) {
         const double binary = m_binary.asDouble;
-        if (m_text.empty()) {
+        if (text.empty()) {
             const std::string derived = derivedText(binary);
             return floatingOf<double>(derived) == binary ? fromText<T>(derived)
                                                          : fromDouble<T>(binary);
         }
-        if (floatingOf<double>(m_text) != binary && m_text == derivedText(binary)) {
+        if (floatingOf<double>(text) != binary && text == derivedText(binary)) {
             return fromDouble<T>(binary);
         }
-    } else if (m_binaryType == ebLongLong && m_text.empty()) {
+    } else if (m_binaryType == ebLongLong && text.empty()) {
         return fromInteger<T>(m_binary.asLongLong);
-    } else if (m_binaryType == ebULongLong && m_text.empty()) {
+    } else if (m_binaryType == ebULongLong && text.empty()) {
         return fromInteger<T>(m_binary.asULongLong);
     }
-    return fromText<T>(m_text);
+    return fromText<T>(text);
 }
 
 template char BasicNumber::as() const;

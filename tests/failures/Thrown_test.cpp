@@ -209,9 +209,10 @@ INSTANTIATE_TEST_SUITE_P(
         Refusal{"Conversion",
                 [](Element& e) { static_cast<void>(static_cast<unsigned int>(e.at("flag"))); },
                 mismatch("etBoolean", "etBoolean", "flag")},
-        Refusal{"TooLarge",
-                [](Element&) { static_cast<void>(numberOf("3000000000.000000000").toInt()); },
-                k_outOfRange + "3000000000.000000000 Min: -2147483648 Max: 2147483647"},
+        Refusal{
+            "TooLarge",
+            [](Element&) { static_cast<void>(numberOf("3000000000.000000000000000000").toInt()); },
+            k_outOfRange + "3000000000.000000000000000000 Min: -2147483648 Max: 2147483647"},
         Refusal{"Comparison", [](Element&) { static_cast<void>(BasicNumber().compare(huge())); },
                 k_outOfRange + "123456789012345678901234567890 Min:  Max: "},
         Refusal{"NotANumber",

@@ -4,8 +4,10 @@
 #include <iosfwd>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <type_traits>
 
+#include <zo/Tessera/NumberText.h>
 #include <zo/Tessera/export.h>
 
 namespace zo {
@@ -120,8 +122,12 @@ public:
     /// the first time.
     EBinaryType type() const;
 
-    /// The text; the reference is good until the number is set anew or destroyed.
+    /// The text; the reference is good until the number is set anew or destroyed. The first call
+    /// may have to make the string, and throws `std::bad_alloc` when it cannot.
     const std::string& toString() const;
+    /// The text with a zero behind it, and no string made for it: good until the number is set anew
+    /// or destroyed, or `toString` asked.
+    std::string_view text() const;
     std::wstring toWString() const;
     /// Writes the text and nothing else; returns the stream.
     /// @{
@@ -226,7 +232,7 @@ private:
         double asDouble;
     };
 
-    void setText(std::string&& text);
+    void setText(std::string_view text);
     void becomeBinary(EBinaryType type);
     void syncToBinary() const;
     void syncToString() const;
@@ -236,7 +242,7 @@ private:
 
     mutable EBinaryType m_binaryType = ebLongLong;
     mutable Binary m_binary{0};
-    mutable std::string m_text{"0"};
+    mutable NumberText m_text{"0"};
 };
 
 extern template char& BasicNumber::getValue(char& out) const;
