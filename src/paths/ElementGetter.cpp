@@ -1,7 +1,5 @@
 #include <zo/Tessera/ElementGetter.h>
 
-#include "paths/PathMachine.h"
-#include "paths/lookUp.h"
 #include "paths/segments.h"
 
 namespace zo::Tessera {
@@ -41,22 +39,6 @@ bool ElementGetter::pathExists() const {
 
 const Element* ElementGetter::currentElement() const {
     return m_current;
-}
-
-namespace {
-
-/// A getter whose operations are known where it is used, and called without a look at its class.
-class LookUp final : public ElementGetter {
-public:
-    using ElementGetter::ElementGetter;
-};
-
-}  // namespace
-
-[[gnu::flatten]] const Element* lookUp(const Path& path, const Element& root) {
-    LookUp getter(path, root, false);
-    PathMachine(TextSource(path), getter).run();
-    return getter.pathExists() ? getter.currentElement() : nullptr;
 }
 
 }  // namespace zo::Tessera

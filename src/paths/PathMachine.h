@@ -11,8 +11,7 @@
 #include "paths/pathText.h"
 
 /// \file
-/// The syntax of paths, written once for texts from streams and from memory, and for listeners of
-/// any class.
+/// The syntax of paths, written once for texts from streams and from memory.
 
 namespace zo::Tessera {
 
@@ -23,12 +22,16 @@ std::string pathErrorMessage(const std::string& message, const std::string& toke
                              std::uint64_t tokenStart, std::uint64_t position,
                              PathParser::EState state);
 
-/// One run over a path text. A `Listener` has the operations of a `PathParserListener`; for a final
-/// class they are called directly.
-template <class Source, class Listener>
+/// One run over a path text.
+template <class Source>
 class PathMachine {
 public:
-    PathMachine(Source in, Listener& listener) : m_in(in), m_listener(listener) {}
+    /// `in` is the text from `position` on, which is its beginning or a place just after a segment.
+    PathMachine(Source in, PathParserListener& listener, std::uint64_t position = 0)
+        : m_in(in),
+          m_listener(listener),
+          m_position(position),
+          m_tokenStart(position == 0 ? 0 : position - 1) {}
 
     void run() {
         bool escaped = false;  // the character before was a backslash
@@ -179,7 +182,7 @@ private:
     }
 
     // Apart from the machine, so that its state can stay in registers.
-    [[gnu::noinline]] static bool report(Listener& listener, const std::string& message,
+    [[gnu::noinline]] static bool report(PathParserListener& listener, const std::string& message,
                                          const std::string& token, std::uint64_t tokenStart,
                                          std::uint64_t position, EState state) {
         return listener.cbParseError(pathErrorMessage(message, token, tokenStart, position, state),
@@ -187,11 +190,11 @@ private:
     }
 
     Source m_in;
-    Listener& m_listener;
+    PathParserListener& m_listener;
     EState m_state = EState::esInit;
-    std::string m_buffer;            // the key or the index at hand
-    std::uint64_t m_position = 0;    // of the current character
-    std::uint64_t m_tokenStart = 0;  // where the key or the index at hand began
+    std::string m_buffer;        // the key or the index at hand
+    std::uint64_t m_position;    // of the current character
+    std::uint64_t m_tokenStart;  // where the key or the index at hand began, or the last one ended
 };
 
 }  // namespace zo::Tessera

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <istream>
 #include <string>
+#include <string_view>
 
 /// \file
 /// What path texts consist of, and where they come from.
@@ -77,7 +78,7 @@ private:
 /// A text in memory, which ends and is read as a stream of it would be.
 class TextSource {
 public:
-    explicit TextSource(const std::string& text)
+    explicit TextSource(std::string_view text)
         : m_next(text.data()), m_end(text.data() + text.size()) {}
 
     bool good() const { return !m_atEnd; }

@@ -2,6 +2,8 @@
 #define ZO_TESSERA_SRC_PATHS_SEGMENTS_H
 
 #include <string>
+#include <string_view>
+#include <typeinfo>
 
 #include <zo/Tessera/Array.h>
 #include <zo/Tessera/Element.h>
@@ -13,25 +15,61 @@
 
 namespace zo::Tessera {
 
-/// The member `key`; null when there is none or the element is no object.
-template <class ElementType>
-ElementType* memberOf(ElementType& element, const std::string& key) {
-    if (element.type() != etObject) {
-        return nullptr;
+/// The children as the containers keep them: found without a copy of a key.
+class Contents {
+public:
+    template <class Container>
+    static const auto& of(const Container& container) {
+        return container.m_elements;
     }
-    auto& object = element.getObjectValue();
-    const auto found = object.find(key);
-    return found == object.end() ? nullptr : found->second;
+};
+
+/// Whether the element is of this very class, whose operations are known then. A copy of the class
+/// that another shared library has is not told from one of the application's own.
+template <class Class>
+bool isJust(const Element& element) {
+    return &typeid(element) == &typeid(Class);
 }
 
-/// The item at `index`; null when there is none or the element is no array.
+/// For elements of classes of the application's own, which are asked through virtual operations.
+/// Apart from the rest, which is small without them.
+/// @{
 template <class ElementType>
-ElementType* itemOf(ElementType& element, unsigned long index) {
+[[gnu::cold, gnu::noinline]] auto* objectByItsKind(ElementType& element) {
+    return element.type() == etObject ? &element.getObjectValue() : nullptr;
+}
+
+template <class ElementType>
+[[gnu::cold, gnu::noinline]] ElementType* itemByItsKind(ElementType& element, unsigned long index) {
     if (element.type() != etArray) {
         return nullptr;
     }
     auto& array = element.getArrayValue();
     return index < array.size() ? &array.at(index) : nullptr;
+}
+/// @}
+
+/// The member `key`; null when there is none or the element is no object.
+template <class ElementType>
+ElementType* memberOf(ElementType& element, std::string_view key) {
+    const Object* const object =
+        isJust<Object>(element) ? static_cast<const Object*>(&element) : objectByItsKind(element);
+    if (!object) {
+        return nullptr;
+    }
+    const Object::Members& members = Contents::of(*object);
+    const auto found = members.findSought(Object::Members::Sought(key));
+    return found == members.end() ? nullptr : found->second;
+}
+
+/// The item at `index`; null when there is none or the element is no array.
+template <class ElementType>
+ElementType* itemOf(ElementType& element, unsigned long index) {
+    if (!isJust<Array>(element)) {
+        return itemByItsKind(element, index);
+    }
+    const auto& items = Contents::of(static_cast<const Array&>(element));
+    return index < items.size() ? items[index] : nullptr;
 }
 
 /// What a walker answers when `element` lacks a segment: throws `PathNotFound` if it is to throw,

@@ -159,12 +159,11 @@ INSTANTIATE_TEST_SUITE_P(
     k_name);
 
 INSTANTIATE_TEST_SUITE_P(Removing, OutOfMemoryOnTheWay,
-                         testing::Values(Step{
-                             "ByAKey",
-                             R"([{"$": "x"}, {"$": "y"}, {"$": "x"}])",
-                             [](Element& e) { e.removeElement(*k_x, k_long, ""); },
-                             {R"([{"$":"x"},{"$":"y"},{"$":"x"}])", R"([{"$":"y"},{"$":"x"}])"},
-                             R"([{"$":"y"}])"}),
+                         testing::Values(Step{"ByAKey",
+                                              R"([{"$": "x"}, {"$": "y"}, {"$": "x"}])",
+                                              [](Element& e) { e.removeElement(*k_x, k_long, ""); },
+                                              {R"([{"$":"x"},{"$":"y"},{"$":"x"}])"},
+                                              R"([{"$":"y"}])"}),
                          k_name);
 
 // A comparison with it raises, which is no match; for want of memory it cannot even raise.

@@ -159,11 +159,14 @@ TEST(OutOfMemory, ChangesNothingWhileADefaultIsLookedUp) {
     expectAllOrNothing(make, [&](auto& root) { root->getUsingDefault(path); });
 }
 
-/// Four objects with the texts x, a, x and b under `k_key`.
+// A look-up needs memory for an escape in a key as long as this.
+const std::string k_longKey(100, 'k');
+
+/// Four objects with the texts x, a, x and b under `k_longKey`.
 std::unique_ptr<Element> makeList() {
     auto list = array();
     for (const char* const text : {"x", "a", "x", "b"}) {
-        Element::createString(text, Element::createObject(list.get()), k_key);
+        Element::createString(text, Element::createObject(list.get()), k_longKey);
     }
     return list;
 }
@@ -173,14 +176,14 @@ std::string itemsOf(const Element& list) {
     std::string items;
     for (size_t i = 0; i < list.size(); ++i) {
         const Element& item = list.at(i);
-        items += item.at(k_key).getStringValue().value() + std::to_string(item.index());
+        items += item.at(k_longKey).getStringValue().value() + std::to_string(item.index());
     }
     return items;
 }
 
 TEST(OutOfMemory, KeepsTheArrayWholeFromWhichSomeWereRemoved) {
     const auto pattern = value("x");
-    const Path keyPath = k_key;
+    const Path keyPath = '\\' + k_longKey;
     std::set<std::string> left;
     const auto remove = [&](auto& list) { list->removeElement(*pattern, keyPath, ""); };
     const auto check = [&](const auto& list) {

@@ -112,6 +112,7 @@ public:
     std::wistream& readFrom(std::wistream& in) override;
 
 private:
+    friend class Contents;
     friend class Element;
     friend class TreeCopier;
     friend class TreeDestroyer;

@@ -134,6 +134,7 @@ public:
     std::wistream& readFrom(std::wistream& in) override;
 
 private:
+    friend class Contents;
     friend class TreeCopier;
     friend class TreeDestroyer;
 
