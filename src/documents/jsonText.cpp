@@ -1,6 +1,7 @@
 #include "documents/jsonText.h"
 
 #include <algorithm>
+#include <array>
 
 #include "support/utf8Text.h"
 
@@ -12,9 +13,9 @@ bool isDigit(char character) {
     return character >= '0' && character <= '9';
 }
 
-/// Takes the first character off `text` if it is one of `characters`.
-bool take(std::string_view& text, std::string_view characters) {
-    const bool found = !text.empty() && characters.find(text.front()) != std::string_view::npos;
+/// Takes the first character off `text` if it is `character`.
+bool take(std::string_view& text, char character) {
+    const bool found = !text.empty() && text.front() == character;
     text.remove_prefix(found ? 1 : 0);
     return found;
 }
@@ -27,16 +28,23 @@ bool takeDigits(std::string_view& text) {
     return found;
 }
 
-/// Whether one of the characters that are escaped whatever the options.
-bool isSpecial(unsigned char character) {
-    return character < 0x20 || character == '"' || character == '\\';
+using Bytes = std::array<bool, 256>;
+
+/// The bytes that are escaped: some whatever the options, and those from `limit` on.
+constexpr Bytes escapedBytes(size_t limit) {
+    Bytes escaped{};
+    for (size_t byte = 0; byte < escaped.size(); ++byte) {
+        escaped[byte] = byte < 0x20 || byte == '"' || byte == '\\' || byte >= limit;
+    }
+    return escaped;
 }
 
 size_t lengthWithoutEscapes(std::string_view text, bool escapeNonAscii) {
-    const unsigned char last = escapeNonAscii ? 0x7F : 0xFF;
-    const auto* const end = std::find_if(text.begin(), text.end(), [last](char byte) {
-        const auto character = static_cast<unsigned char>(byte);
-        return isSpecial(character) || character > last;
+    static constexpr Bytes k_always = escapedBytes(0x100);
+    static constexpr Bytes k_withNonAscii = escapedBytes(0x80);
+    const Bytes& escaped = escapeNonAscii ? k_withNonAscii : k_always;
+    const auto* const end = std::find_if(text.begin(), text.end(), [&escaped](char byte) {
+        return escaped[static_cast<unsigned char>(byte)];
     });
     return static_cast<size_t>(end - text.begin());
 }
@@ -73,15 +81,17 @@ void appendEscape(std::string& out, char32_t codePoint) {
 }  // namespace
 
 bool isJsonNumber(std::string_view text) {
-    take(text, "-");
-    if (!take(text, "0") && !takeDigits(text)) {
+    take(text, '-');
+    if (!take(text, '0') && !takeDigits(text)) {
         return false;
     }
-    if (take(text, ".") && !takeDigits(text)) {
+    if (take(text, '.') && !takeDigits(text)) {
         return false;
     }
-    if (take(text, "eE")) {
-        take(text, "+-");
+    if (take(text, 'e') || take(text, 'E')) {
+        if (!take(text, '+')) {
+            take(text, '-');
+        }
         if (!takeDigits(text)) {
             return false;
         }
