@@ -11,64 +11,18 @@
 
 #include <benchmark/benchmark.h>
 
-#include <ctime>
 #include <memory>
 #include <sstream>
-#include <stdexcept>
 #include <string>
 
 #include <zo/DecNumber.h>
 #include <zo/Tessera.h>
 
+#include "growth.h"
+
 using namespace zo::Tessera;
 
 namespace {
-
-using Owner = std::unique_ptr<Element>;
-using benchmark::State;
-
-/// Runs the row's iterations. `prepare` makes what an iteration needs and `work`, which alone is
-/// measured, takes it; it is gone before the next one begins.
-template <class Prepare, class Work>
-void measure(State& state, const Prepare& prepare, const Work& work) {
-    for ([[maybe_unused]] auto iteration : state) {
-        auto subject = prepare();
-        const std::clock_t start = std::clock();
-        work(subject);
-        const auto ticks = static_cast<double>(std::clock() - start);
-        state.SetIterationTime(ticks / CLOCKS_PER_SEC);
-    }
-    using benchmark::Counter;
-    state.counters["each"] = Counter(static_cast<double>(state.range(0)),
-                                     Counter::kIsIterationInvariantRate | Counter::kInvert);
-}
-
-void require(bool condition, const char* what) {
-    if (!condition) {
-        throw std::runtime_error(what);
-    }
-}
-
-size_t sizeOf(const State& state) {
-    return static_cast<size_t>(state.range(0));
-}
-
-std::string repeated(size_t count, const std::string& text) {
-    std::string result;
-    result.reserve(count * text.size());
-    for (size_t i = 0; i < count; ++i) {
-        result += text;
-    }
-    return result;
-}
-
-Owner read(const std::string& text) {
-    std::istringstream in(text);
-    Dom document;
-    in >> document;
-    require(document.root() != nullptr, "the text was not read");
-    return document.takeRoot();
-}
 
 // ---- long tokens, read from a stream
 
@@ -280,14 +234,6 @@ void replaceMember(State& state) {
     });
 }
 
-void removeEverySecondItem(State& state) {
-    const std::string text = "[" + repeated(sizeOf(state) / 2, "true,false,") + "null]";
-    const Owner pattern = value(true);
-    measure(
-        state, [&] { return read(text); },
-        [&](Owner& root) { root->removeElement(*pattern, "", ""); });
-}
-
 // ---- long paths
 
 void longKey(State& state) {
@@ -346,11 +292,6 @@ void updateOnePath(State& state) {
     });
 }
 
-void registerRow(const char* name, void (*row)(State&), std::int64_t smaller, std::int64_t larger) {
-    benchmark::RegisterBenchmark(name, row)->Arg(smaller)->Arg(larger)->UseManualTime()->Unit(
-        benchmark::kMillisecond);
-}
-
 void registerRows() {
     registerRow("readString", readString, 10'000'000, 100'000'000);
     registerRow("readComment", readComment, 1'000'000, 10'000'000);
@@ -373,7 +314,7 @@ void registerRows() {
     registerRow("findMembers", findMembers, 200'000, 2'000'000);
     registerRow("clearMembers", clearMembers, 200'000, 2'000'000);
     registerRow("replaceMember", replaceMember, 1'000'000, 10'000'000);
-    registerRow("removeEverySecondItem", removeEverySecondItem, 200'000, 2'000'000);
+    registerSearchRows();
     registerRow("longKey", longKey, 1'000'000, 10'000'000);
     registerRow("escapedKey", escapedKey, 1'000'000, 10'000'000);
     registerRow("schemaPath", schemaPath, 1'000'000, 10'000'000);

@@ -16,4 +16,7 @@ struct MadeDocument {
 ///   decimals  outlines: long arrays of pairs of decimals
 std::vector<MadeDocument> madeDocuments();
 
+/// Their names, in their order.
+constexpr const char* k_madeDocuments[] = {"texts", "objects", "decimals"};
+
 #endif

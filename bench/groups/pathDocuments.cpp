@@ -1,19 +1,21 @@
-#include "lookups/cases.h"
+#include "groups/pathDocuments.h"
+
+#include <utility>
 
 namespace {
 
 constexpr std::size_t k_depth = 8;
 constexpr std::size_t k_items = 10;
 
-enum class Kind { plain, escaped, indexed };
+enum class Keys { plain, escaped, indexed };
 
 struct Shape {
-    Kind kind;
+    Keys kind;
     std::size_t members;
 };
 
 /// Differs for each number below 100; what is not stored in any document has one from 100 to 109.
-std::string keyOf(Kind kind, std::size_t number) {
+std::string keyOf(Keys kind, std::size_t number) {
     static constexpr const char* k_subjects[] = {"db",    "user",   "order", "total",
                                                  "batch", "retry",  "cache", "queue",
                                                  "group", "region", "draft"};
@@ -21,11 +23,11 @@ std::string keyOf(Kind kind, std::size_t number) {
                                                    "size", "kind", "code",  "limit", "owner"};
     const std::string subject = k_subjects[number / 10];
     const std::string property = k_properties[number % 10];
-    return kind == Kind::escaped ? subject + '.' + property + "/s" : subject + '_' + property;
+    return kind == Keys::escaped ? subject + '.' + property + "/s" : subject + '_' + property;
 }
 
 bool isArray(const Shape& shape, std::size_t level) {
-    return shape.kind == Kind::indexed && level % 2 == 0;
+    return shape.kind == Keys::indexed && level % 2 == 0;
 }
 
 std::size_t sizeAt(const Shape& shape, std::size_t level) {
@@ -94,7 +96,7 @@ std::string containerText(const Shape& shape, std::size_t level, const std::stri
     return isArray(shape, level) ? '[' + text + ']' : '{' + text + '}';
 }
 
-void addCases(std::vector<LookupCase>& cases, const Shape& shape, std::size_t length) {
+void addCases(std::vector<PathCase>& cases, const Shape& shape, std::size_t length) {
     const std::size_t last = length - 1;
     Segments segments;
     for (std::size_t level = 0; level < last; ++level) {
@@ -102,41 +104,45 @@ void addCases(std::vector<LookupCase>& cases, const Shape& shape, std::size_t le
     }
     segments.push_back(segmentAt(shape, last, valuePlace(shape, last)));
 
-    const std::string name = "segments:" + std::to_string(length);
-    cases.push_back({name + "/hit", segments, valueAt(last)});
+    const std::string suffix = ':' + std::to_string(length);
+    cases.push_back({"hit" + suffix, {{segments, Found{Kind::string, valueAt(last)}}}});
 
     Segments withoutLast = segments;
     withoutLast.back() = missingAt(shape, last);
-    cases.push_back({name + "/last_missing", withoutLast, std::nullopt});
+    cases.push_back({"last_missing" + suffix, {{withoutLast, std::nullopt}}});
 
     if (length > 1) {
         Segments withoutFirst = segments;
         withoutFirst.front() = missingAt(shape, 0);
-        cases.push_back({name + "/first_missing", withoutFirst, std::nullopt});
+        cases.push_back({"first_missing" + suffix, {{withoutFirst, std::nullopt}}});
     }
 }
 
-LookupDocument document(const std::string& kindName, const Shape& shape) {
-    LookupDocument made;
-    made.name = "members:" + std::to_string(shape.members) + '/' + kindName;
-    made.text = "null";
+std::string documentText(const Shape& shape) {
+    std::string text = "null";
     for (std::size_t level = k_depth; level-- > 0;) {
-        made.text = containerText(shape, level, made.text);
+        text = containerText(shape, level, text);
     }
+    return text;
+}
+
+PathDocument document(const std::string& kindName, const Shape& shape) {
+    std::vector<PathCase> cases;
     for (const std::size_t length : {std::size_t{1}, std::size_t{4}, k_depth}) {
-        addCases(made.cases, shape, length);
+        addCases(cases, shape, length);
     }
-    return made;
+    const std::string name = "paths:" + kindName + ':' + std::to_string(shape.members);
+    return {Subject(name, [shape] { return documentText(shape); }), std::move(cases)};
 }
 
 }  // namespace
 
-std::vector<LookupDocument> lookupDocuments() {
-    std::vector<LookupDocument> documents;
+std::list<PathDocument> pathDocuments() {
+    std::list<PathDocument> documents;
     for (const std::size_t members : {std::size_t{8}, std::size_t{100}}) {
-        documents.push_back(document("plain", {Kind::plain, members}));
-        documents.push_back(document("escaped", {Kind::escaped, members}));
-        documents.push_back(document("indexed", {Kind::indexed, members}));
+        documents.push_back(document("plain", {Keys::plain, members}));
+        documents.push_back(document("escaped", {Keys::escaped, members}));
+        documents.push_back(document("indexed", {Keys::indexed, members}));
     }
     return documents;
 }

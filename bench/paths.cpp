@@ -1,15 +1,6 @@
-#include "lookups/Lookup.h"
-
-#include <algorithm>
-#include <string_view>
+#include "paths.h"
 
 namespace {
-
-/// Made at its first use: the constants of other sources may come before those of this one.
-std::vector<Library>& known() {
-    static std::vector<Library> all;
-    return all;
-}
 
 std::string pointerToken(const Segment& segment) {
     if (const auto* const index = std::get_if<std::size_t>(&segment)) {
@@ -39,16 +30,4 @@ std::string pointerText(const Segments& segments) {
         text += '/' + pointerToken(segment);
     }
     return text;
-}
-
-std::vector<Library> libraries() {
-    std::vector<Library> all = known();
-    std::sort(all.begin(), all.end(), [](const Library& left, const Library& right) {
-        return std::string_view(left.name) < right.name;
-    });
-    return all;
-}
-
-KnownLibrary::KnownLibrary(Library library) {
-    known().push_back(library);
 }
