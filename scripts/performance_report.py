@@ -7,7 +7,7 @@ import sys
 from pathlib import Path
 
 from performance_chart import chart
-from performance_figures import LARGE, Figures
+from performance_figures import FLOOR, LARGE, SUBJECT, Figures, Name
 from performance_machine import describe
 from performance_measure import (
     Bench,
@@ -23,6 +23,11 @@ _FULL = Effort(processes=1, repetitions=3, min_time=0.05)
 _QUICK = Effort(processes=1, repetitions=1, min_time=0.02)
 
 
+def _is_worth(large: Name, quick: bool) -> bool:
+    """Of large sizes the page shows only how this library's cost grows, and the floor's."""
+    return not quick and large.library in (SUBJECT, FLOOR)
+
+
 def measure(program: Path, files: list[Path], quick: bool) -> Figures:
     effort = _QUICK if quick else _FULL
     figures = Figures()
@@ -34,7 +39,7 @@ def measure(program: Path, files: list[Path], quick: bool) -> Figures:
 
     bench = Bench(program, files, large=not quick)
     figures.missing = bench.missing()
-    names = [name for name in in_rows(bench.names()) if not quick or name.size < LARGE]
+    names = [name for name in in_rows(bench.names()) if name.size < LARGE or _is_worth(name, quick)]
     measure_all(bench, figures, names, effort)
     if not quick:
         count_instructions(bench, figures, names)
