@@ -102,7 +102,6 @@ public:
     }
 
     /// Counts the places anew after values were extracted. Linear; allocates nothing.
-    // NOLINTNEXTLINE(bugprone-exception-escape): the table never grows here.
     void recount() noexcept {
         m_contents->m_slots.resize(list().size());
         std::transform(list().begin(), list().end(), m_contents->m_slots.begin(),

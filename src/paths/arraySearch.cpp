@@ -34,7 +34,6 @@ public:
     ItemRemoval(const ItemRemoval&) = delete;
     ItemRemoval& operator=(const ItemRemoval&) = delete;
 
-    // NOLINTNEXTLINE(bugprone-exception-escape): what it calls does not grow.
     ~ItemRemoval() {
         while (next()) {
         }

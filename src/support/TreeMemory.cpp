@@ -21,8 +21,11 @@ constexpr std::size_t k_offset = 8;
 // Larger blocks would leave much of a page unused.
 constexpr std::size_t k_largestBlock = 256;
 
-// Rounded up it might be 0.
-constexpr std::size_t k_tooLarge = std::numeric_limits<std::size_t>::max() / 2;
+// More at a time are for tables that outgrow their memory, which had better be used again.
+constexpr std::size_t k_mostTogether = 4;
+
+// Rounded up, more might be 0.
+constexpr std::size_t k_largestSize = std::numeric_limits<std::size_t>::max() / 2;
 
 // A tree that takes no more is a small one.
 constexpr std::size_t k_smallTree = 4096;
@@ -132,14 +135,15 @@ void TreeMemory::release(void* block, std::size_t size) noexcept {
     reinterpret_cast<Page*>(page)->m_slab->release(1);
 }
 
-void* allocateForTree(std::size_t size) {
-    if (size - 1 >= k_tooLarge) {
-        if (size > 0) {
-            throw std::bad_alloc();
-        }
-        size = 1;
+void* allocateForTree(std::size_t count, std::size_t size) {
+    if (count - 1 < k_mostTogether) {
+        return t_current != nullptr ? t_current->allocate(count * size)
+                                    : TreeMemory::allocateOutside(count * size);
     }
-    return t_current != nullptr ? t_current->allocate(size) : TreeMemory::allocateOutside(size);
+    if (count > k_largestSize / size) {
+        throw std::bad_array_new_length();
+    }
+    return TreeMemory::allocateOutside(std::max(count * size, std::size_t{1}));
 }
 
 void releaseForTree(void* memory, std::size_t size) noexcept {

@@ -91,7 +91,7 @@ private:
 template <class T, class... Arguments>
 T* newInTree(Arguments&&... arguments) {
     static_assert(alignof(T) <= 8);
-    void* const memory = allocateForTree(sizeof(T));
+    void* const memory = allocateForTree(1, sizeof(T));
     try {
         return ::new (memory) T(std::forward<Arguments>(arguments)...);
     } catch (...) {
