@@ -150,7 +150,7 @@ public:
     void swap(ListMap& other) noexcept { m_contents.swap(other.m_contents); }
 
 private:
-    static constexpr std::size_t k_unmapped = 16;
+    static constexpr std::size_t k_unmapped = 48;
 
     struct Contents {
         List m_list;

@@ -41,7 +41,9 @@ public:
     public:
         explicit Sought(std::string_view key) noexcept : m_first(firstBytes(key)), m_key(key) {}
         bool operator<(const ListMapKey& key) const noexcept { return less(*this, key); }
-        bool operator==(const std::string& key) const noexcept { return m_key == key; }
+        bool operator==(const std::string& key) const noexcept {
+            return m_key.size() == key.size() && sameBytes(m_key.data(), key.data(), key.size());
+        }
 
     private:
         friend class ListMapKey;
@@ -80,6 +82,15 @@ private:
             }
         }
         return left.size() < right.size();
+    }
+
+    /// Short texts are compared without a call.
+    static bool sameBytes(const char* left, const char* right, std::size_t length) noexcept {
+        if (length >= k_width) {
+            return highestFirst<std::uint64_t>(left) == highestFirst<std::uint64_t>(right) &&
+                   std::memcmp(left + k_width, right + k_width, length - k_width) == 0;
+        }
+        return firstBytes({left, length}) == firstBytes({right, length});
     }
 
     /// The first eight bytes, the first one highest, as if zeros followed the text.

@@ -41,7 +41,7 @@ TEST(ListMapKey, OrdersTextsAsTheTextsThemselves) {
     }
 }
 
-TEST(ListMapKey, OrdersTextsThatAreSoughtAsTheTextsThemselves) {
+TEST(ListMapKey, ComparesTextsThatAreSoughtAsTheTextsThemselves) {
     for (const std::string& left : manyTexts()) {
         // Nothing behind the text may count.
         const std::string longer = left + "\xFF";
@@ -51,6 +51,8 @@ TEST(ListMapKey, OrdersTextsThatAreSoughtAsTheTextsThemselves) {
                 << testing::PrintToString(left) << " and " << testing::PrintToString(right);
             ASSERT_EQ(TextKey(right) < sought, right < left)
                 << testing::PrintToString(right) << " and " << testing::PrintToString(left);
+            ASSERT_EQ(sought == right, left == right)
+                << testing::PrintToString(left) << " and " << testing::PrintToString(right);
         }
     }
 }

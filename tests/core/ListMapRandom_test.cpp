@@ -15,9 +15,9 @@ namespace {
 using Map = zo::ListMap<std::string, int>;
 
 constexpr int k_steps = 500;
-constexpr int k_keys = 40;
+constexpr int k_keys = 100;
 
-/// Does the same to a map and to a simple model of one, whose sizes go up and down past 16.
+/// Does the same to a map and to a simple model of one, whose sizes go up and down past 48.
 class Pair {
 public:
     explicit Pair(unsigned seed) : m_random(seed) {}
@@ -25,19 +25,19 @@ public:
     void step() {
         if (m_left == 0) {
             m_isGrowing = !m_isGrowing;
-            m_left = number(1, 60);
+            m_left = number(1, 120);
         }
         --m_left;
-        const int dice = number(0, 99);
+        const int dice = number(0, 399);
         if (dice == 0) {
             m_map.clear();
             m_model.clear();
             m_order.clear();
-        } else if (dice < 4) {
+        } else if (dice < 8) {
             takeFirst();
-        } else if (dice < 6) {
+        } else if (dice < 12) {
             move();
-        } else if ((dice < 75) == m_isGrowing) {
+        } else if ((dice < 300) == m_isGrowing) {
             insert();
         } else {
             erase(dice % 2 == 0);
@@ -125,13 +125,13 @@ TEST(RandomListMap, IsAsASimplerOneAtEverySize) {
         Pair pair(seed);
         for (int step = 0; step < k_steps; ++step) {
             SCOPED_TRACE(testing::Message() << "seed " << seed << ", step " << step);
-            const bool wasLarge = pair.size() > 16;
+            const bool wasLarge = pair.size() > 48;
             ASSERT_NO_FATAL_FAILURE(pair.step());
             ASSERT_NO_FATAL_FAILURE(pair.check());
-            crossings += wasLarge != (pair.size() > 16) ? 1 : 0;
+            crossings += wasLarge != (pair.size() > 48) ? 1 : 0;
         }
     }
-    EXPECT_GT(crossings, 50);
+    EXPECT_GE(crossings, 20);
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 
 #include "FailingAllocator.h"
 
-// A map of few entries has no tree, and gets one at the seventeenth.
+// A map of few entries has no tree, and gets one at the forty-ninth.
 
 namespace {
 
@@ -46,10 +46,12 @@ struct Size {
 };
 
 constexpr Size k_few = {"Few", "qwe", 1};
-constexpr Size k_oneLess = {"OneLess", "qwertyuiopasdfg", 1};
-constexpr Size k_lastWithoutTree = {"LastWithoutTree", "qwertyuiopasdfgh", 18};
-constexpr Size k_firstWithTree = {"FirstWithTree", "qwertyuiopasdfghj", 2};
-constexpr Size k_many = {"Many", "qwertyuiopasdfghjklzxcvbnm", 2};
+constexpr Size k_oneLess = {"OneLess", "qwertyuiopasdfghjklzxcvbnmWERTYUIOPASDFGHJKLZXC", 1};
+constexpr Size k_lastWithoutTree = {"LastWithoutTree",
+                                    "qwertyuiopasdfghjklzxcvbnmWERTYUIOPASDFGHJKLZXCV", 50};
+constexpr Size k_firstWithTree = {"FirstWithTree",
+                                  "qwertyuiopasdfghjklzxcvbnmWERTYUIOPASDFGHJKLZXCVB", 2};
+constexpr Size k_many = {"Many", "qwertyuiopasdfghjklzxcvbnmWERTYUIOPASDFGHJKLZXCVBNM", 2};
 
 class ListMapOfSize : public testing::TestWithParam<Size> {
 protected:
@@ -169,10 +171,15 @@ TEST_P(ListMapOfSize, StaysAMapWhileItIsTakenApart) {
     EXPECT_TRUE(map.insert({"q", 99}).second);
     EXPECT_EQ(keysOf(map), left + "q");
     EXPECT_EQ(map.erase("e"), 1U);
-    for (const char letter : std::string("0123456789ABCDEFG")) {
-        EXPECT_TRUE(map.insert({std::string(1, letter), 0}).second);
+    const std::string more = "0123456789+-*/()[]{}<>.,:;!?#&%$~^_|=@`'\"\\ QqwW\t\n\r\v\f";
+    std::string added;
+    for (const char sign : more) {
+        if (map.insert({std::string(1, sign), 0}).second) {
+            added += sign;
+        }
     }
-    EXPECT_EQ(keysOf(map), left.substr(1) + "q0123456789ABCDEFG");
+    EXPECT_GT(map.size(), 48U);
+    EXPECT_EQ(keysOf(map), left.substr(1) + "q" + added);
 }
 
 TEST_P(ListMapOfSize, KeepsAddressesAndIteratorsWhileItGrowsAndShrinks) {
