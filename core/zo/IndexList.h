@@ -70,6 +70,10 @@ public:
     }
     /// @}
 
+    /// Makes room for the places of `count` values, if there is less. After an exception the list
+    /// is as before.
+    void reserve(std::size_t count) { m_contents->m_slots.reserve(count); }
+
     /// Puts a copy of `value` last. Amortised constant. After an exception (out of memory, a copy
     /// that throws) the list is as before.
     void push_back(const T& value) { add(list().end(), value); }

@@ -95,14 +95,8 @@ public:
     /// The same, with no entry made if the key is there already.
     std::pair<iterator, bool> insert(const Key& key, const Value& value) {
         if (map().empty()) {
-            if (const auto found = find(key); found != end()) {
-                return {found, false};
-            }
-            const auto added = list().emplace(end(), key, value);
-            if (size() > k_unmapped) {
-                withdrawOnFailure(added, [&] { mapAll(); });
-            }
-            return {added, true};
+            const auto found = find(key);
+            return found != end() ? std::pair(found, false) : std::pair(append(key, value), true);
         }
         const MapKey wanted(key);
         const auto place = map().lower_bound(wanted);
@@ -112,6 +106,18 @@ public:
         const auto added = list().emplace(end(), key, value);
         withdrawOnFailure(added, [&] { map().emplace_hint(place, MapKey(added->first), added); });
         return {added, true};
+    }
+
+    /// The same for a key that is known not to be there: constant until there are more than
+    /// `k_unmapped` entries.
+    iterator append(const Key& key, const Value& value) {
+        const auto added = list().emplace(end(), key, value);
+        if (!map().empty()) {
+            withdrawOnFailure(added, [&] { map().emplace(MapKey(added->first), added); });
+        } else if (size() > k_unmapped) {
+            withdrawOnFailure(added, [&] { mapAll(); });
+        }
+        return added;
     }
 
     /// Erases the entry at `position`, which must be one of this map, and returns the one that

@@ -81,7 +81,7 @@ public:
         TreeMemory memory;
         const TreeMemory::Scope scope(memory);
         TreeCopier copier;
-        copier.m_open.emplace_back(Children(source), &target);
+        copier.m_open.emplace_back(source, target);
         copier.run();
     }
 
@@ -89,12 +89,14 @@ private:
     /// A container that is being copied. Its copy is stored in the one outside of it when it is
     /// complete, so that a failure leaves nothing half copied in the tree.
     struct Level {
-        Level(const Children& source, Array* target) : m_source(source), m_array(target) {}
-        Level(const Children& source, Object* target) : m_source(source), m_object(target) {}
+        Level(const Array& source, Array& target) : m_source(source), m_array(&target) {
+            target.m_elements.reserve(source.m_elements.size());
+        }
+        Level(const Object& source, Object& target) : m_source(source), m_object(&target) {}
 
         void store(std::unique_ptr<Element> copy) {
             if (m_object) {
-                m_object->m_elements.insert(m_source.key(), copy.get());
+                m_object->m_elements.append(m_source.key(), copy.get());
             } else {
                 m_array->m_elements.push_back(copy.get());
             }
@@ -111,37 +113,39 @@ private:
     template <class Container>
     void open(const Container& source) {
         auto copy = std::unique_ptr<Container>(newInTree<Container>());
-        m_open.emplace_back(Children(source), copy.get());
+        m_open.emplace_back(source, *copy);
         m_open.back().m_copy = std::move(copy);
     }
 
     void run() {
         // All that stands before the sources' current children is copied.
         while (!m_open.empty()) {
-            if (m_open.back().m_source.atEnd()) {
-                close();
-                continue;
-            }
-            const Element& child = m_open.back().m_source.element();
-            switch (exactContainer(child)) {
-                case etArray:
-                    open(static_cast<const Array&>(child));
-                    break;
-                case etObject:
-                    open(static_cast<const Object&>(child));
-                    break;
-                default:
-                    m_open.back().store(std::unique_ptr<Element>(child.clone()));
+            const Children& source = m_open.back().m_source;
+            if (auto complete = source.atEnd() ? close() : copyOrOpen(source.element())) {
+                m_open.back().store(std::move(complete));
             }
         }
     }
 
-    void close() {
+    /// Null for a container that is to be copied first.
+    std::unique_ptr<Element> copyOrOpen(const Element& source) {
+        switch (exactContainer(source)) {
+            case etArray:
+                open(static_cast<const Array&>(source));
+                return nullptr;
+            case etObject:
+                open(static_cast<const Object&>(source));
+                return nullptr;
+            default:
+                return std::unique_ptr<Element>(source.clone());
+        }
+    }
+
+    /// The copy of the innermost container; null for the outermost one's.
+    std::unique_ptr<Element> close() {
         std::unique_ptr<Element> copy = std::move(m_open.back().m_copy);
         m_open.pop_back();
-        if (copy) {
-            m_open.back().store(std::move(copy));
-        }
+        return copy;
     }
 
     std::vector<Level> m_open;  // from the outermost inward

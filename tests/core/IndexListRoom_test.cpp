@@ -83,6 +83,27 @@ INSTANTIATE_TEST_SUITE_P(
                     Step{"FourWhichFillTheRoom", 4, "1 2 3 4", "1 2 3 4 9", "9 1 2 3 4", 2}),
     [](const auto& row) { return std::string(row.param.name); });
 
+TEST(IndexListRoom, ThatWasReservedLetsPlacesBeAddedWithoutMore) {
+    auto list = upTo<FailingList>(3);
+    list.reserve(10);
+    const int made = AllocationCount::s_made;
+    for (int value = 4; value <= 10; ++value) {
+        list.push_back(value);
+    }
+    EXPECT_EQ(AllocationCount::s_made - made, 7) << "the values alone";
+    EXPECT_EQ(dump(list), "1 2 3 4 5 6 7 8 9 10");
+}
+
+TEST(IndexListRoom, ThatThereIsNoMemoryForLeavesTheListAsBefore) {
+    auto list = upTo<FailingList>(3);
+    {
+        const AllocationLimit none(0);
+        EXPECT_THROW(list.reserve(10), std::bad_alloc);
+        list.reserve(4);
+    }
+    EXPECT_EQ(dump(list), "1 2 3");
+}
+
 TEST(IndexListRoom, OfTwoIsUsedAgain) {
     FailingList list;
     list.push_back(1);

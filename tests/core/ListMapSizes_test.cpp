@@ -75,6 +75,25 @@ TEST_P(ListMapOfSize, PutsANewKeyLast) {
     EXPECT_EQ(keysOf(map), letters + "?");
 }
 
+TEST_P(ListMapOfSize, AppendsAKeyThatIsKnownToBeNew) {
+    const Map::iterator entry = map.append("?", 99);
+    EXPECT_EQ(entry, std::prev(map.end()));
+    EXPECT_EQ(entry->second, 99);
+    EXPECT_EQ(keysOf(map), letters + "?");
+    EXPECT_FALSE(map.insert({"?", 0}).second);
+}
+
+TEST_P(ListMapOfSize, IsAsBeforeWhenAppendRunsOutOfMemory) {
+    const int live = AllocationCount::s_live;
+    for (int allocations = 0; allocations < GetParam().allocationsToInsert; ++allocations) {
+        const AllocationLimit limit(allocations);
+        EXPECT_THROW(map.append("?", 99), std::bad_alloc);
+        EXPECT_EQ(map.find("?"), map.end());
+        EXPECT_EQ(AllocationCount::s_live, live);
+    }
+    EXPECT_EQ(keysOf(map), letters);
+}
+
 TEST_P(ListMapOfSize, KeepsEachExistingKeyAndItsValueAndAllocatesNothing) {
     const AllocationLimit none(0);
     int place = 0;
