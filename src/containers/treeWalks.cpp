@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <ostream>
-#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -12,6 +11,7 @@
 #include "containers/Place.h"
 #include "support/TreeMemory.h"
 #include "support/asciiText.h"
+#include "support/isJust.h"
 
 namespace zo::Tessera {
 
@@ -20,12 +20,10 @@ namespace {
 /// Of which of the two classes of containers the element is itself; `etEmpty` for any other class,
 /// a derived one included.
 EType exactContainer(const Element& element) {
-    const EType kind = element.type();
-    if ((kind == etArray && typeid(element) == typeid(Array)) ||
-        (kind == etObject && typeid(element) == typeid(Object))) {
-        return kind;
+    if (isJust<Array>(element)) {
+        return etArray;
     }
-    return etEmpty;
+    return isJust<Object>(element) ? etObject : etEmpty;
 }
 
 }  // namespace

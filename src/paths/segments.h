@@ -3,12 +3,13 @@
 
 #include <string>
 #include <string_view>
-#include <typeinfo>
 
 #include <zo/Tessera/Array.h>
 #include <zo/Tessera/Element.h>
 #include <zo/Tessera/Exception.h>
 #include <zo/Tessera/Object.h>
+
+#include "support/isJust.h"
 
 /// \file
 /// One step of a path, for those that walk on constant trees and on others.
@@ -23,13 +24,6 @@ public:
         return container.m_elements;
     }
 };
-
-/// Whether the element is of this very class, whose operations are known then. A copy of the class
-/// that another shared library has is not told from one of the application's own.
-template <class Class>
-bool isJust(const Element& element) {
-    return &typeid(element) == &typeid(Class);
-}
 
 /// For elements of classes of the application's own, which are asked through virtual operations.
 /// Apart from the rest, which is small without them.

@@ -6,6 +6,8 @@
 #include <zo/Tessera/Element.h>
 #include <zo/Tessera/Exception.h>
 
+#include "support/isJust.h"
+
 /// \file
 /// What the classes of elements do alike.
 
@@ -13,15 +15,17 @@ namespace zo::Tessera {
 
 /// Orders `left` and `right` by their kinds. Only if both are of one kind, and not one element,
 /// `compareValues` is asked.
-template <class CompareValues>
-int compareElements(const Element& left, const Element& right, const CompareValues& compareValues) {
+template <class Class, class CompareValues>
+int compareElements(const Class& left, const Element& right, const CompareValues& compareValues) {
     if (&left == &right) {
         return 0;
     }
-    const EType leftKind = left.type();
-    const EType rightKind = right.type();
-    if (leftKind != rightKind) {
-        return leftKind > rightKind ? 1 : -1;
+    if (!isJust<Class>(left) || !isJust<Class>(right)) {
+        const EType leftKind = left.type();
+        const EType rightKind = right.type();
+        if (leftKind != rightKind) {
+            return leftKind > rightKind ? 1 : -1;
+        }
     }
     return compareValues();
 }
