@@ -49,6 +49,10 @@ template <class Container>
 void TreeDestroyer::deleteBelow(Container& top) noexcept {
     // From the container that is being emptied, parent pointers lead to `top`; what stood before it
     // in any of them is deleted.
+    if (top.m_elements.empty()) {
+        return;
+    }
+    const TreeMemory::Releases releases;
     Element* open = &top;
     while (true) {
         Element* const child = open == &top ? deleteToContainer(top) : deleteToContainer(*open);

@@ -21,6 +21,9 @@ namespace zo::Tessera {
 /// A block of a slab begins eight bytes behind a multiple of sixteen, where `operator new` puts
 /// none. So each block shows where it belongs, and none needs a header.
 class TreeMemory {
+    struct Page;
+    struct Slab;
+
 public:
     TreeMemory() noexcept = default;
     TreeMemory(const TreeMemory&) = delete;
@@ -39,6 +42,31 @@ public:
 
     private:
         TreeMemory* m_outer;
+    };
+
+    /// While it lives, slabs are told once what the calling thread gives back of them in a row,
+    /// for each telling costs as much as deleting a small element.
+    class Releases {
+    public:
+        Releases() noexcept;
+        Releases(const Releases&) = delete;
+        Releases& operator=(const Releases&) = delete;
+        ~Releases();
+
+    private:
+        friend class TreeMemory;
+
+        void add(Slab* slab) noexcept {
+            if (slab != m_slab) {
+                return goOnWith(slab);
+            }
+            ++m_count;
+        }
+        void goOnWith(Slab* slab) noexcept;
+
+        Releases* m_outer;
+        Slab* m_slab = nullptr;
+        std::size_t m_count = 0;  // of blocks of the slab
     };
 
     /// Aligned to eight bytes. The size is not 0, and far below the largest there is.
@@ -64,9 +92,6 @@ public:
     static void release(void* block, std::size_t size) noexcept;
 
 private:
-    struct Page;
-    struct Slab;
-
     static constexpr std::size_t k_granule = 16;
 
     static constexpr std::size_t lengthFor(std::size_t size) { return roundedUp(size) + k_gap; }

@@ -9,6 +9,7 @@
 #include <zo/Tessera/Array.h>
 #include <zo/Tessera/Dom.h>
 #include <zo/Tessera/Generator.h>
+#include <zo/Tessera/Null.h>
 #include <zo/Tessera/Object.h>
 
 #include "containers/treeTexts.h"
@@ -139,6 +140,31 @@ TEST(MixedTree, GivesAllItsMemoryBackTogetherOrInParts) {
         tree.reset();
         EXPECT_EQ(dump(*read), inPlace(k_part));
     }
+    EXPECT_EQ(LiveMemory::now(), before);
+}
+
+/// An element of the application's, with a tree that dies with it.
+class Keeper : public Null {
+public:
+    explicit Keeper(Owner kept) : m_kept(std::move(kept)) {}
+
+private:
+    Owner m_kept;
+};
+
+TEST(TreeMemory, ComesBackWhenTreesDieWhileOthersDo) {
+    const auto keepersInTrees = [] {
+        Owner inner = largeTree();
+        inner->set("part.list[0]", std::make_unique<Keeper>(takeMember(*largeTree(), "part")));
+        Owner outer = largeTree();
+        Array& list = outer->get("part.list").getArrayValue();
+        list.insert(1, std::make_unique<Keeper>(takeMember(*inner, "part")));
+        list.insert(0, std::make_unique<Keeper>(std::move(inner)));
+        return outer;
+    };
+    keepersInTrees();
+    const LiveMemory before = LiveMemory::now();
+    keepersInTrees();
     EXPECT_EQ(LiveMemory::now(), before);
 }
 
