@@ -45,9 +45,9 @@ class Effort:
         if name.size >= LARGE:
             return Effort(min(self.processes, 2), 1, 0)
         if name.row == "destroy":
-            return Effort(self.processes, 10, 0)
+            return Effort(self.processes, 4, 0)
         if name.group.startswith("paths:"):
-            return Effort(1, self.repetitions, self.min_time)
+            return Effort(min(self.processes, 2), self.repetitions, self.min_time)
         return self
 
     def describe(self) -> str:

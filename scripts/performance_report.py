@@ -19,7 +19,7 @@ from performance_measure import (
 )
 from performance_page import page
 
-_FULL = Effort(processes=1, repetitions=3, min_time=0.05)
+_FULL = Effort(processes=4, repetitions=1, min_time=0.02)
 _QUICK = Effort(processes=1, repetitions=1, min_time=0.02)
 
 
