@@ -21,6 +21,7 @@
 #include <zo/Tessera/Path.h>
 #include <zo/Tessera/PathGenerator.h>
 #include <zo/Tessera/PathParser.h>
+#include <zo/Tessera/PrintTo.h>
 #include <zo/Tessera/SchemaPathConverters.h>
 #include <zo/Tessera/TBasicElement.h>
 #include <zo/Tessera/TreeAllocator.h>

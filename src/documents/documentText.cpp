@@ -42,11 +42,14 @@ bool isFilledContainer(const Element& element) {
     }
 }
 
+/// What becomes of an element that has no JSON form.
+enum ERefusal { rfThrown, rfShown };
+
 /// Lays out a tree without recursion.
 class TextBuilder {
 public:
-    TextBuilder(const WriteOptions& options, const std::string* skippedKey)
-        : m_options(options), m_skippedKey(skippedKey) {}
+    TextBuilder(const WriteOptions& options, const std::string* skippedKey, ERefusal refusal)
+        : m_options(options), m_skippedKey(skippedKey), m_refusal(refusal) {}
 
     std::string build(const Element& root) {
         put(root);
@@ -126,11 +129,11 @@ private:
             element.getNumberValue().value().tryAs<std::string>();
         if (!text) {
             refuse(element, "JSON has no such number");
-        }
-        if (!isJsonNumber(*text)) {
+        } else if (!isJsonNumber(*text)) {
             refuse(element, "the text \"" + *text + "\" is no JSON number");
+        } else {
+            m_text += *text;
         }
-        m_text += *text;
     }
 
     void putString(const std::string& text, const Element& element, const char* refusal) {
@@ -176,8 +179,11 @@ private:
         m_text.append(m_lineStart, 0, length);
     }
 
-    [[noreturn]] void refuse(const Element& element, const std::string& reason) const {
-        throw Exception("Cannot write element \"" + pathAtHand() + "\": " + reason, &element);
+    void refuse(const Element& element, const std::string& reason) {
+        if (m_refusal == rfThrown) {
+            throw Exception("Cannot write element \"" + pathAtHand() + "\": " + reason, &element);
+        }
+        m_text += '<' + withoutInvalidUtf8(reason) + '>';
     }
 
     std::string pathAtHand() const {
@@ -191,6 +197,7 @@ private:
 
     const WriteOptions& m_options;
     const std::string* m_skippedKey;
+    ERefusal m_refusal;
     std::vector<OpenContainer> m_open;  // from the outermost inward
     std::string m_lineStart = "\n";     // and as many indents as any line had so far
     std::string m_text;
@@ -203,7 +210,15 @@ std::string documentText(const Element& root, const WriteOptions& options,
     if (!options.compact) {
         checkIndent(options.indent);
     }
-    return TextBuilder(options, skippedKey).build(root);
+    return TextBuilder(options, skippedKey, rfThrown).build(root);
+}
+
+std::string shownText(const Element& root) {
+    WriteOptions options;
+    options.compact = true;
+    options.replaceInvalidUtf8 = true;
+    options.finalNewline = false;
+    return TextBuilder(options, nullptr, rfShown).build(root);
 }
 
 }  // namespace zo::Tessera

@@ -13,6 +13,10 @@ struct WriteOptions;
 std::string documentText(const Element& root, const WriteOptions& options,
                          const std::string* skippedKey = nullptr);
 
+/// The text of `root` for people to read: on one line, with the reason between "<" and ">" in place
+/// of what has no JSON form, and U+FFFD in place of what is not UTF-8.
+std::string shownText(const Element& root);
+
 }  // namespace zo::Tessera
 
 #endif

@@ -21,6 +21,7 @@ public:
     using Items = IndexList<Element*, TreeAllocator<Element*>>;
     using iterator = Items::iterator;
     using const_iterator = Items::const_iterator;
+    using value_type = Items::value_type;
 
     /// An empty array for callers to share.
     static const Array k_empty;
@@ -94,7 +95,10 @@ public:
     iterator end();
     const_iterator begin() const;
     const_iterator end() const;
+    const_iterator cbegin() const { return begin(); }
+    const_iterator cend() const { return end(); }
     /// @}
+    bool empty() const { return begin() == end(); }
 
     Array* clone() const override;
     EType type() const override;

@@ -27,6 +27,7 @@ public:
                             TreeAllocator<std::pair<const std::string, Element*>>>;
     using iterator = Members::iterator;
     using const_iterator = Members::const_iterator;
+    using value_type = Members::value_type;
 
     /// An empty object for callers to share.
     static const Object k_empty;
@@ -115,7 +116,10 @@ public:
     iterator end();
     const_iterator begin() const;
     const_iterator end() const;
+    const_iterator cbegin() const { return begin(); }
+    const_iterator cend() const { return end(); }
     /// @}
+    bool empty() const { return begin() == end(); }
 
     Object* clone() const override;
     EType type() const override;
