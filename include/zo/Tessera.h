@@ -26,6 +26,7 @@
 #include <zo/Tessera/TBasicElement.h>
 #include <zo/Tessera/TreeAllocator.h>
 #include <zo/Tessera/readDocument.h>
+#include <zo/Tessera/version.h>
 #include <zo/Tessera/visit.h>
 #include <zo/Tessera/writeDocument.h>
 

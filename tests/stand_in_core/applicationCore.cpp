@@ -1,0 +1,5 @@
+#include "applicationCore.h"
+
+const char* coreName() {
+    return "the application's core";
+}
