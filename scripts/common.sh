@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 readonly build_packages=(cmake ninja-build g++ libyajl-dev libutfcpp-dev)
-readonly test_packages=(libgtest-dev libgmock-dev locales nlohmann-json3-dev)
+readonly test_packages=(libgtest-dev libgmock-dev locales nlohmann-json3-dev gdb)
 
 # Installs what is missing of the Debian packages named; silent when all are there.
 need_packages() {

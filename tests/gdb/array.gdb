@@ -1,0 +1,6 @@
+python stop_in("showTree")
+print array
+set print array-indexes on
+print array
+set print pretty on
+print array

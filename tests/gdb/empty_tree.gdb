@@ -1,0 +1,4 @@
+python stop_in("showEmpty")
+print without
+print array
+print object

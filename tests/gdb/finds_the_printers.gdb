@@ -1,0 +1,2 @@
+python stop_in("showTree")
+print document

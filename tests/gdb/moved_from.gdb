@@ -1,0 +1,3 @@
+python stop_in("showEmpty")
+print movedFrom
+print movedTo

@@ -1,0 +1,11 @@
+python stop_in("showNumbers")
+print zero
+print fromText
+print asString
+print longText
+print emptyText
+print negative
+print largest
+print floating
+print written
+info locals

@@ -1,0 +1,5 @@
+python stop_in("showOwnClasses")
+print anyDiscount
+print anyOpaque
+print document
+print opaque

@@ -1,0 +1,5 @@
+python stop_in("showPaths")
+print path
+print longPath
+print empty
+print escaped
