@@ -116,7 +116,7 @@ def _size_targets(figures: Figures) -> tuple[Table, list[bool]]:
     table = [
         ["what", "at most", *map(row_title, spreads)],
         [
-            "largest ÷ smallest ([figures](#cost-by-size))",
+            "largest ÷ smallest (see Cost by size)",
             f"{LARGEST_SPREAD:g}",
             *(ratio_text(it, LARGEST_SPREAD) for it in spreads.values()),
         ],

@@ -245,6 +245,7 @@ private:
     mutable NumberText m_text{"0"};
 };
 
+/// \cond
 extern template char& BasicNumber::getValue(char& out) const;
 extern template unsigned char& BasicNumber::getValue(unsigned char& out) const;
 extern template short& BasicNumber::getValue(short& out) const;
@@ -260,6 +261,7 @@ extern template double& BasicNumber::getValue(double& out) const;
 extern template int BasicNumber::compare(const long long& x) const;
 extern template int BasicNumber::compare(const unsigned long long& x) const;
 extern template int BasicNumber::compare(const double& x) const;
+/// \endcond
 
 /// Writes the enumerator's name, such as "ebDouble", and ">>Unknown<<" for any other value.
 /// @{

@@ -377,8 +377,8 @@ public:
     /// What `new` and `delete` take, in the usual forms. The elements of a tree that was read or
     /// copied stand in memory that is given back in pieces: an element that is taken out of such a
     /// tree, and outlives it, keeps its piece, of 64 KiB at most and less of a small tree. A
-    /// `clone` of it keeps none. Any thread may delete it; but not with `::delete`. A placement
-    /// form of your own is called as `::new`.
+    /// `clone` of it keeps none. Any thread may delete it; but not by the global `delete`. A
+    /// placement form of your own is called by the global `new`.
     /// @{
     // NOLINTNEXTLINE(misc-new-delete-overloads): its counterpart is the one that is told the size.
     static void* operator new(std::size_t size);
