@@ -108,8 +108,8 @@ public:
         return {added, true};
     }
 
-    /// The same for a key that is known not to be there: constant until there are more than
-    /// `k_unmapped` entries.
+    /// The same for a key that is known not to be there, which is not checked: constant in a small
+    /// map.
     iterator append(const Key& key, const Value& value) {
         const auto added = list().emplace(end(), key, value);
         if (!map().empty()) {

@@ -98,6 +98,7 @@ public:
     const_iterator cbegin() const { return begin(); }
     const_iterator cend() const { return end(); }
     /// @}
+    /// Whether there is no item. Does not throw.
     bool empty() const { return begin() == end(); }
 
     Array* clone() const override;

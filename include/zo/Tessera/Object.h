@@ -119,6 +119,7 @@ public:
     const_iterator cbegin() const { return begin(); }
     const_iterator cend() const { return end(); }
     /// @}
+    /// Whether there is no member. Does not throw.
     bool empty() const { return begin() == end(); }
 
     Object* clone() const override;
