@@ -49,4 +49,5 @@ install(FILES
     DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples
     DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Development
-    FILES_MATCHING REGEX "\\.(md|svg|cpp|expected|json)$")
+    FILES_MATCHING REGEX "(\\.(md|svg|cpp|expected|json)|/CMakeLists\\.txt)$"
+    PATTERN examples/CMakeLists.txt EXCLUDE)

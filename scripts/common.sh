@@ -15,19 +15,23 @@ need_packages() {
     done
     ((${#missing[@]})) || return 0
 
-    local as_root=()
-    if ((EUID != 0)); then
-        as_root=(sudo)
-    fi
     if ! command -v apt-get >/dev/null || { ((EUID != 0)) && ! command -v sudo >/dev/null; }; then
         echo "Please install these packages first, or what your system calls them:" >&2
         echo "    ${missing[*]}" >&2
         exit 1
     fi
     echo "Installing ${missing[*]}" >&2
-    quietly "${as_root[@]}" apt-get update
-    quietly "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get install --yes --no-install-recommends "${missing[@]}"
+    as_root apt-get update
+    as_root apt-get install --yes --no-install-recommends "${missing[@]}"
+}
+
+# Runs a command as root, quietly.
+as_root() {
+    local root=()
+    if ((EUID != 0)); then
+        root=(sudo)
+    fi
+    quietly "${root[@]}" env DEBIAN_FRONTEND=noninteractive "$@"
 }
 
 # Runs a command, and shows what it printed only if it fails.
