@@ -10,6 +10,7 @@
 #include <zo/Tessera/CallbackParser.h>
 #include <zo/Tessera/Dom.h>
 #include <zo/Tessera/DomParser.h>
+#include <zo/Tessera/EType.h>
 #include <zo/Tessera/Element.h>
 #include <zo/Tessera/ElementCreator.h>
 #include <zo/Tessera/ElementGetter.h>
@@ -25,6 +26,7 @@
 #include <zo/Tessera/SchemaPathConverters.h>
 #include <zo/Tessera/TBasicElement.h>
 #include <zo/Tessera/TreeAllocator.h>
+#include <zo/Tessera/factories.h>
 #include <zo/Tessera/readDocument.h>
 #include <zo/Tessera/version.h>
 #include <zo/Tessera/visit.h>

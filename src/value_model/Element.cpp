@@ -10,19 +10,11 @@
 #include <zo/Tessera/TBasicElement.h>
 
 #include "support/TreeMemory.h"
-#include "support/asciiText.h"
+#include "value_model/kindName.h"
 
 namespace zo::Tessera {
 
 namespace {
-
-Ascii kindName(EType type) {
-    // The first kind is -1. The last entry answers for the value after the last kind.
-    static constexpr std::string_view k_names[] = {"etEmpty",  "etNull",     "etBoolean",
-                                                   "etNumber", "etString",   "etObject",
-                                                   "etArray",  ">>INVALID<<"};
-    return enumName(k_names, static_cast<long>(type) + 1, ">>INVALID<<");
-}
 
 Element* checkedParent(Element* parent) {
     if (!parent) {
@@ -43,14 +35,6 @@ void assignUnlessSame(TBasicElement<T>& target, const TBasicElement<T>& source) 
 }
 
 }  // namespace
-
-std::ostream& operator<<(std::ostream& out, EType type) {
-    return out << kindName(type);
-}
-
-std::wostream& operator<<(std::wostream& out, EType type) {
-    return out << kindName(type);
-}
 
 Element::Element() : m_parent(nullptr), m_index(Path::k_noIndex) {}
 

@@ -10,8 +10,10 @@
 #include <type_traits>
 
 #include <zo/Tessera/BasicNumber.h>
+#include <zo/Tessera/EType.h>
 #include <zo/Tessera/Path.h>
 #include <zo/Tessera/export.h>
+#include <zo/Tessera/factories.h>
 
 namespace zo::Tessera {
 
@@ -21,24 +23,6 @@ template <class T>
 class ZO_TESSERA_EXPORT TBasicElement;
 
 static_assert(sizeof(long) == 8, "indexes and numbers rely on a long of 64 bits");
-
-/// The kind of an element. Elements of different kinds are ordered by these values.
-/// Its first declaration, beside `Path`, is the one that exports it.
-enum EType : int {
-    etEmpty = -1,  ///< no element, or not yet known
-    etNull = 0,
-    etBoolean = 1,
-    etNumber = 2,
-    etString = 3,
-    etObject = 4,
-    etArray = 5
-};
-
-/// Writes the enumerator's name, such as "etObject", and ">>INVALID<<" for any other value.
-/// @{
-ZO_TESSERA_EXPORT std::ostream& operator<<(std::ostream& out, EType type);
-ZO_TESSERA_EXPORT std::wostream& operator<<(std::wostream& out, EType type);
-/// @}
 
 /// Any value of a JSON document: the base of `Null`, `TBasicElement<bool>`,
 /// `TBasicElement<BasicNumber>`, `TBasicElement<std::string>`, `Object` and `Array`.
@@ -421,35 +405,6 @@ private:
     std::string m_key;
     size_t m_index;
 };
-
-/// \name Making detached elements
-/// Each returns a new element without a parent, owned by the caller. Texts are UTF-8 by custom, and
-/// their bytes are kept as they are.
-/// @{
-ZO_TESSERA_EXPORT std::unique_ptr<Element> value();  ///< null
-ZO_TESSERA_EXPORT std::unique_ptr<Element> value(bool boolean);
-ZO_TESSERA_EXPORT std::unique_ptr<Element> value(const BasicNumber& number);
-ZO_TESSERA_EXPORT std::unique_ptr<Element> value(int number);
-ZO_TESSERA_EXPORT std::unique_ptr<Element> value(unsigned int number);
-ZO_TESSERA_EXPORT std::unique_ptr<Element> value(long number);
-ZO_TESSERA_EXPORT std::unique_ptr<Element> value(unsigned long number);
-ZO_TESSERA_EXPORT std::unique_ptr<Element> value(long long number);
-ZO_TESSERA_EXPORT std::unique_ptr<Element> value(unsigned long long number);
-/// `BasicNumber::toString`, and with it the stream operator of a `Dom`, show 6 significant digits;
-/// `exactValue` keeps all.
-ZO_TESSERA_EXPORT std::unique_ptr<Element> value(double number);
-ZO_TESSERA_EXPORT std::unique_ptr<Element> value(const std::string& text);
-/// The text up to its terminating zero. A null pointer throws `zo::Tessera::Exception` "Null
-/// pointer exception: text may not be null".
-ZO_TESSERA_EXPORT std::unique_ptr<Element> value(const char* text);
-/// A number whose text reads back to `number`: see `BasicNumber::setExact`.
-ZO_TESSERA_EXPORT std::unique_ptr<Element> exactValue(double number);
-/// Any other pointer would be taken for a boolean.
-template <class T>
-std::unique_ptr<Element> value(const T* pointer) = delete;
-ZO_TESSERA_EXPORT std::unique_ptr<Element> object();
-ZO_TESSERA_EXPORT std::unique_ptr<Element> array();
-/// @}
 
 template <class T>
 T Element::as() const {

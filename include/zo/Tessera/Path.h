@@ -5,12 +5,12 @@
 #include <iosfwd>
 #include <string>
 
+#include <zo/Tessera/EType.h>
 #include <zo/Tessera/export.h>
 
 namespace zo::Tessera {
 
 class Element;
-enum ZO_TESSERA_EXPORT EType : int;
 
 /// A path text such as `a.list[3].value`, which names one element of a tree, seen from another.
 /// It is a `std::string` that adds no data; any text is a valid value, and its syntax is checked
