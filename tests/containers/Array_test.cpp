@@ -29,7 +29,7 @@ void addTwo(Array& array) {
     Element::createString("x", &array);
 }
 
-const char* const k_twoUnattached =
+const char* const k_twoUnattachedItems =
     "etArray key=\"\" index=- parent=none\n"
     "  etBoolean true key=\"\" index=- parent=none\n"
     "  etString \"x\" key=\"\" index=- parent=none\n";
@@ -118,7 +118,7 @@ TEST(ArrayCopy, LeavesTheCopiesUnattached) {
     Array source;
     addTwo(source);
     const Array copy(source);
-    EXPECT_EQ(dump(copy), k_twoUnattached);
+    EXPECT_EQ(dump(copy), k_twoUnattachedItems);
     EXPECT_EQ(copy.compare(source), 0);
     EXPECT_NE(&copy.at(0), &source.at(0));
 }
@@ -127,7 +127,7 @@ TEST(ArrayCopy, IsDetachedWhereverTheSourceStands) {
     Object root;
     Element* const source = Element::createArray(&root, "a");
     addTwo(source->getArrayValue());
-    EXPECT_EQ(dump(Array(source->getArrayValue())), k_twoUnattached);
+    EXPECT_EQ(dump(Array(source->getArrayValue())), k_twoUnattachedItems);
 }
 
 TEST(ArrayCopy, IsIndependentOfTheSource) {
@@ -136,9 +136,9 @@ TEST(ArrayCopy, IsIndependentOfTheSource) {
     const Array copy(*source);
     source->at(1).setStringValue("changed");
     Element::createNull(source.get());
-    EXPECT_EQ(dump(copy), k_twoUnattached);
+    EXPECT_EQ(dump(copy), k_twoUnattachedItems);
     source.reset();
-    EXPECT_EQ(dump(copy), k_twoUnattached);
+    EXPECT_EQ(dump(copy), k_twoUnattachedItems);
 }
 
 TEST(ArrayAssign, ReplacesTheChildrenByUnattachedCopies) {
@@ -147,7 +147,7 @@ TEST(ArrayAssign, ReplacesTheChildrenByUnattachedCopies) {
     Array target;
     Element::createNull(&target);
     EXPECT_EQ(&target.assign(source), &target);
-    EXPECT_EQ(dump(target), k_twoUnattached);
+    EXPECT_EQ(dump(target), k_twoUnattachedItems);
     EXPECT_EQ(dump(source),
               "etArray key=\"\" index=- parent=none\n"
               "  etBoolean true key=\"[0]\" index=0 parent=right\n"

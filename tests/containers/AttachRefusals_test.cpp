@@ -12,6 +12,7 @@
 #include "support/dump.h"
 #include "support/inPlace.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -127,8 +128,7 @@ protected:
     std::string elementPath;  // the one that the last exception named
 };
 
-INSTANTIATE_TEST_SUITE_P(Containers, AttachRefusal, testing::ValuesIn(k_entrances),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Containers, AttachRefusal, testing::ValuesIn(k_entrances), k_rowName);
 
 TEST_P(AttachRefusal, IsForNull) {
     const Owner target = container();

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/rowName.h"
+
 using namespace zo::Tessera;
 
 // Trees far deeper than a stack of one frame for each level could bear.
@@ -125,7 +127,7 @@ TEST_P(DeepTrees, AreClearedOutOfAnObject) {
 INSTANTIATE_TEST_SUITE_P(Containers, DeepTrees,
                          testing::Values(Kinds{"FromAnArray", etArray, etObject},
                                          Kinds{"FromAnObject", etObject, etArray}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 TEST(DeepObjects, AreWritten) {
     const DeepTree tree = deepTree(etObject, etObject, true);

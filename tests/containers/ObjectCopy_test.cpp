@@ -17,7 +17,7 @@ void addTwo(Object& object) {
     Element::createString("x", &object, "a");
 }
 
-const char* const k_twoUnattached =
+const char* const k_twoUnattachedMembers =
     "etObject key=\"\" index=- parent=none\n"
     "  etBoolean true key=\"\" index=- parent=none held as \"b\"\n"
     "  etString \"x\" key=\"\" index=- parent=none held as \"a\"\n";
@@ -26,7 +26,7 @@ TEST(ObjectCopy, LeavesTheCopiesUnattachedButFoundByKey) {
     Object source;
     addTwo(source);
     const Object copy(source);
-    EXPECT_EQ(dump(copy), k_twoUnattached);
+    EXPECT_EQ(dump(copy), k_twoUnattachedMembers);
     EXPECT_EQ(copy.compare(source), 0);
     EXPECT_NE(&copy.at("a"), &source.at("a"));
     EXPECT_EQ(copy.at("a").getStringValue().value(), "x");
@@ -36,7 +36,7 @@ TEST(ObjectCopy, IsDetachedWhereverTheSourceStands) {
     Array root;
     Element* const source = Element::createObject(&root);
     addTwo(source->getObjectValue());
-    EXPECT_EQ(dump(Object(source->getObjectValue())), k_twoUnattached);
+    EXPECT_EQ(dump(Object(source->getObjectValue())), k_twoUnattachedMembers);
 }
 
 TEST(ObjectCopy, IsIndependentOfTheSource) {
@@ -45,9 +45,9 @@ TEST(ObjectCopy, IsIndependentOfTheSource) {
     const Object copy(*source);
     source->at("a").setStringValue("changed");
     Element::createNull(source.get(), "c");
-    EXPECT_EQ(dump(copy), k_twoUnattached);
+    EXPECT_EQ(dump(copy), k_twoUnattachedMembers);
     source.reset();
-    EXPECT_EQ(dump(copy), k_twoUnattached);
+    EXPECT_EQ(dump(copy), k_twoUnattachedMembers);
 }
 
 TEST(ObjectCopy, AttachesWhatIsInsertedLater) {
@@ -66,7 +66,7 @@ TEST(ObjectAssign, ReplacesTheMembersByUnattachedCopies) {
     Element::createNull(&target, "old");
     Element::createNull(&target, "a");
     EXPECT_EQ(&target.assign(source), &target);
-    EXPECT_EQ(dump(target), k_twoUnattached);
+    EXPECT_EQ(dump(target), k_twoUnattachedMembers);
     EXPECT_EQ(target.find("old"), target.end());
     EXPECT_EQ(dump(source),
               "etObject key=\"\" index=- parent=none\n"

@@ -12,6 +12,7 @@
 #include "support/FailingNew.h"
 #include "support/NumberOf.h"
 #include "support/dump.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -135,7 +136,7 @@ INSTANTIATE_TEST_SUITE_P(
         Factory{"Array",
                 [](Element* p, const std::string& k) { return Element::createArray(p, k); },
                 [](Element* p) { return Element::createArray(p); }}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(OutOfMemory, LosesNothingOfACloneThatFails) {
     const auto array = makeArray();

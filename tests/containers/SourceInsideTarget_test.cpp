@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "support/dump.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -181,6 +182,6 @@ INSTANTIATE_TEST_SUITE_P(Containers, SourceInsideTarget,
                          testing::Values(Row{"ByAssign", assignArray, assignObject},
                                          Row{"BySetter", setArray, setObject},
                                          Row{"ByRealAssign", realAssign, realAssign}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 }  // namespace

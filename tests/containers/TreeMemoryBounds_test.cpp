@@ -16,6 +16,7 @@
 
 #include "containers/treeTexts.h"
 #include "support/NoMemory.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -144,6 +145,6 @@ TEST_P(BoundsOfMemory, HoldForWhatASurvivorKeepsAliveOfALargeTree) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Entrances, BoundsOfMemory, testing::Values(k_parser, k_readDocument),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 }  // namespace

@@ -16,6 +16,7 @@
 #include "support/NoMemory.h"
 #include "support/dump.h"
 #include "support/inPlace.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -99,7 +100,7 @@ INSTANTIATE_TEST_SUITE_P(
                    return document.takeRoot();
                }},
         Taking{"AsACopy", [] { return Owner(largeTree()->at("part").clone()); }}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 /// Elements by hand in a tree that was read, of a tree in a tree by hand, and of one in another.
 Owner mixedTree() {

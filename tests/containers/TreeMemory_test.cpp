@@ -19,6 +19,7 @@
 #include "containers/treeTexts.h"
 #include "support/FailingNew.h"
 #include "support/dump.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -208,6 +209,6 @@ TEST_P(WantOfMemory, AnywhereInACopyLosesNothing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Entrances, WantOfMemory, testing::Values(k_parser, k_readDocument),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 }  // namespace

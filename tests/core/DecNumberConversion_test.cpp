@@ -8,12 +8,12 @@
 
 #include "RuntimeErrorText.h"
 #include "decimalText.h"
+#include "support/notFinite.h"
 
 namespace {
 
 using zo::DecNumber;
 
-constexpr double k_infinity = std::numeric_limits<double>::infinity();
 constexpr float k_floatInfinity = std::numeric_limits<float>::infinity();
 
 // ---- converting to integers

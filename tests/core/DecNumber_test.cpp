@@ -13,6 +13,8 @@
 
 #include "RuntimeErrorText.h"
 #include "decimalText.h"
+#include "support/notFinite.h"
+#include "support/rowName.h"
 
 namespace {
 
@@ -28,8 +30,6 @@ static_assert(std::is_convertible_v<DecNumber, double>);
 static_assert(!std::is_convertible_v<DecNumber, bool>, "which number it stands for is not said");
 static_assert(std::is_nothrow_move_constructible_v<DecNumber>);
 static_assert(std::is_nothrow_move_assignable_v<DecNumber>);
-
-constexpr double k_infinity = std::numeric_limits<double>::infinity();
 
 // ---- reading and writing text
 
@@ -49,10 +49,6 @@ std::string readAndWritten(const std::string& text) {
 
 TEST_P(Texts, AreReadAndWrittenOrRefused) {
     EXPECT_EQ(readAndWritten(GetParam().text), GetParam().result);
-}
-
-std::string rowName(const testing::TestParamInfo<Reading>& row) {
-    return row.param.name;
 }
 
 // Each refused text is one step from an accepted one.
@@ -95,7 +91,7 @@ const Reading k_syntax[] = {
     {"NotANumber", "nan", R"(Not a decimal number: "nan")"},
     {"Infinity", "inf", R"(Not a decimal number: "inf")"},
 };
-INSTANTIATE_TEST_SUITE_P(Syntax, Texts, testing::ValuesIn(k_syntax), rowName);
+INSTANTIATE_TEST_SUITE_P(Syntax, Texts, testing::ValuesIn(k_syntax), k_rowName);
 
 const Reading k_zeros[] = {
     {"Zero", "0", "0"},
@@ -109,7 +105,7 @@ const Reading k_zeros[] = {
     {"FractionOfZeros", "15.00", "15"},
     {"ZerosWithin", "1002.003", "1002.003"},
 };
-INSTANTIATE_TEST_SUITE_P(Zeros, Texts, testing::ValuesIn(k_zeros), rowName);
+INSTANTIATE_TEST_SUITE_P(Zeros, Texts, testing::ValuesIn(k_zeros), k_rowName);
 
 const Reading k_forms[] = {
     {"SmallestPlain", "1e-7", "0.0000001"},
@@ -126,7 +122,7 @@ const Reading k_forms[] = {
     {"ManyDigits", "3.14159265358979323846264338327950288419716939937510",
      "3.1415926535897932384626433832795028841971693993751"},
 };
-INSTANTIATE_TEST_SUITE_P(Forms, Texts, testing::ValuesIn(k_forms), rowName);
+INSTANTIATE_TEST_SUITE_P(Forms, Texts, testing::ValuesIn(k_forms), k_rowName);
 
 // 1e17 is the largest exponent, written and as counted behind the first digit.
 const Reading k_hugeExponents[] = {
@@ -149,7 +145,7 @@ const Reading k_hugeExponents[] = {
     {"BeyondLongLong", "1e-9223372036854775809",
      R"(Exponent of a decimal number out of range: "1e-9223372036854775809")"},
 };
-INSTANTIATE_TEST_SUITE_P(HugeExponents, Texts, testing::ValuesIn(k_hugeExponents), rowName);
+INSTANTIATE_TEST_SUITE_P(HugeExponents, Texts, testing::ValuesIn(k_hugeExponents), k_rowName);
 
 TEST(DecNumber, RefusesANullCharacterWithinTheText) {
     EXPECT_THROW(DecNumber(std::string("1\0", 2)), zo::RuntimeError);

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "indexLists.h"
+#include "support/rowName.h"
 
 // The places of the first two values need room once, and from there on for twice as many.
 
@@ -81,7 +82,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Step{"TwoWhichFillTheRoom", 2, "1 2", "1 2 9", "9 1 2", 2},
                     Step{"Three", 3, "1 2 3", "1 2 3 9", "9 1 2 3", 1},
                     Step{"FourWhichFillTheRoom", 4, "1 2 3 4", "1 2 3 4 9", "9 1 2 3 4", 2}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(IndexListRoom, ThatWasReservedLetsPlacesBeAddedWithoutMore) {
     auto list = upTo<FailingList>(3);

@@ -18,9 +18,9 @@ constexpr int k_steps = 500;
 constexpr int k_keys = 100;
 
 /// Does the same to a map and to a simple model of one, whose sizes go up and down past 48.
-class Pair {
+class MapAndModel {
 public:
-    explicit Pair(unsigned seed) : m_random(seed) {}
+    explicit MapAndModel(unsigned seed) : m_random(seed) {}
 
     void step() {
         if (m_left == 0) {
@@ -122,7 +122,7 @@ private:
 TEST(RandomListMap, IsAsASimplerOneAtEverySize) {
     int crossings = 0;
     for (unsigned seed = 1; seed <= 10; ++seed) {
-        Pair pair(seed);
+        MapAndModel pair(seed);
         for (int step = 0; step < k_steps; ++step) {
             SCOPED_TRACE(testing::Message() << "seed " << seed << ", step " << step);
             const bool wasLarge = pair.size() > 48;

@@ -11,28 +11,30 @@
 #include <gtest/gtest.h>
 
 #include "FailingAllocator.h"
+#include "support/rowName.h"
 
 // A map of few entries has no tree, and gets one at the forty-ninth.
 
 namespace {
 
-using Map = zo::ListMap<std::string, int, std::less<std::string>,
-                        FailingAllocator<std::pair<const std::string, int>>>;
+using LetterMap = zo::ListMap<std::string, int, std::less<std::string>,
+                              FailingAllocator<std::pair<const std::string, int>>>;
 
 /// The keys in order. Adds "!" to one that its key does not find, in the const map or the other.
-std::string keysOf(Map& map) {
+std::string keysOf(LetterMap& map) {
     std::string keys;
-    for (Map::iterator entry = map.begin(); entry != map.end(); ++entry) {
-        const bool isFound = map.find(entry->first) == entry &&
-                             std::as_const(map).find(entry->first) == Map::const_iterator(entry);
+    for (LetterMap::iterator entry = map.begin(); entry != map.end(); ++entry) {
+        const bool isFound =
+            map.find(entry->first) == entry &&
+            std::as_const(map).find(entry->first) == LetterMap::const_iterator(entry);
         keys += entry->first + (isFound ? "" : "!");
     }
     return keys.size() == map.size() ? keys : keys + " but size() is " + std::to_string(map.size());
 }
 
 /// The map in which each letter has its place as its value.
-Map mapOf(const std::string& letters) {
-    Map map;
+LetterMap mapOf(const std::string& letters) {
+    LetterMap map;
     for (std::size_t i = 0; i < letters.size(); ++i) {
         map.insert({letters.substr(i, 1), static_cast<int>(i)});
     }
@@ -56,7 +58,7 @@ constexpr Size k_many = {"Many", "qwertyuiopasdfghjklzxcvbnmWERTYUIOPASDFGHJKLZX
 class ListMapOfSize : public testing::TestWithParam<Size> {
 protected:
     const std::string letters = GetParam().letters;
-    Map map = mapOf(letters);
+    LetterMap map = mapOf(letters);
 };
 
 TEST_P(ListMapOfSize, KeepsTheOrderAndFindsEachKeyAlone) {
@@ -76,7 +78,7 @@ TEST_P(ListMapOfSize, PutsANewKeyLast) {
 }
 
 TEST_P(ListMapOfSize, AppendsAKeyThatIsKnownToBeNew) {
-    const Map::iterator entry = map.append("?", 99);
+    const LetterMap::iterator entry = map.append("?", 99);
     EXPECT_EQ(entry, std::prev(map.end()));
     EXPECT_EQ(entry->second, 99);
     EXPECT_EQ(keysOf(map), letters + "?");
@@ -97,7 +99,7 @@ TEST_P(ListMapOfSize, IsAsBeforeWhenAppendRunsOutOfMemory) {
 TEST_P(ListMapOfSize, KeepsEachExistingKeyAndItsValueAndAllocatesNothing) {
     const AllocationLimit none(0);
     int place = 0;
-    for (Map::iterator entry = map.begin(); entry != map.end(); ++entry, ++place) {
+    for (LetterMap::iterator entry = map.begin(); entry != map.end(); ++entry, ++place) {
         EXPECT_EQ(map.insert(entry->first, 99), std::pair(entry, false));
         EXPECT_EQ(entry->second, place);
     }
@@ -142,7 +144,7 @@ TEST_P(ListMapOfSize, GoesOnAfterAFailedInsert) {
 
 TEST_P(ListMapOfSize, ErasesEachKeyAlone) {
     for (std::size_t place = 0; place < letters.size(); ++place) {
-        Map others = mapOf(letters);
+        LetterMap others = mapOf(letters);
         const std::string key = letters.substr(place, 1);
         EXPECT_EQ(others.erase(key), 1U);
         EXPECT_EQ(others.erase(key), 0U);
@@ -202,9 +204,9 @@ TEST_P(ListMapOfSize, StaysAMapWhileItIsTakenApart) {
 }
 
 TEST_P(ListMapOfSize, KeepsAddressesAndIteratorsWhileItGrowsAndShrinks) {
-    const Map::iterator place = map.find("w");
-    const Map::value_type* const entry = &*place;
-    const Map::iterator end = map.end();
+    const LetterMap::iterator place = map.find("w");
+    const LetterMap::value_type* const entry = &*place;
+    const LetterMap::iterator end = map.end();
     for (int i = 0; i < 100; ++i) {
         map.insert({std::to_string(i), i});
     }
@@ -220,7 +222,7 @@ TEST_P(ListMapOfSize, KeepsAddressesAndIteratorsWhileItGrowsAndShrinks) {
 TEST_P(ListMapOfSize, GivesAllItsMemoryBack) {
     const int live = AllocationCount::s_live;
     {
-        Map another = mapOf(letters);
+        LetterMap another = mapOf(letters);
         another.erase("w");
         another.takeFirst();
         another.insert({"?", 0});
@@ -230,9 +232,9 @@ TEST_P(ListMapOfSize, GivesAllItsMemoryBack) {
 
 TEST_P(ListMapOfSize, IsMovedAndSwappedWithOneOfAnySize) {
     for (const Size& size : {k_few, k_lastWithoutTree, k_firstWithTree, k_many}) {
-        Map first = mapOf(letters);
-        Map second = mapOf(size.letters);
-        const Map::iterator place = first.find("w");
+        LetterMap first = mapOf(letters);
+        LetterMap second = mapOf(size.letters);
+        const LetterMap::iterator place = first.find("w");
         first.swap(second);
         EXPECT_EQ(keysOf(first), size.letters);
         EXPECT_EQ(keysOf(second), letters);
@@ -249,6 +251,6 @@ TEST_P(ListMapOfSize, IsMovedAndSwappedWithOneOfAnySize) {
 INSTANTIATE_TEST_SUITE_P(ListMap, ListMapOfSize,
                          testing::Values(k_few, k_oneLess, k_lastWithoutTree, k_firstWithTree,
                                          k_many),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 }  // namespace

@@ -30,7 +30,7 @@ static_assert(std::is_same_v<decltype(std::declval<const Map&>().find("")), Map:
 
 /// The entries in order, for example "b=1 a=2". Adds "!" to an entry that its key does not find.
 template <class AnyMap>
-std::string dump(const AnyMap& map) {
+std::string entriesOf(const AnyMap& map) {
     std::string text;
     std::size_t count = 0;
     for (auto entry = map.begin(); entry != map.end(); ++entry, ++count) {
@@ -57,7 +57,7 @@ TEST(ListMap, IsEmptyAtFirst) {
 }
 
 TEST(ListMap, KeepsTheOrderOfInsertion) {
-    EXPECT_EQ(dump(sample()), "b=1 a=2 c=3");
+    EXPECT_EQ(entriesOf(sample()), "b=1 a=2 c=3");
     EXPECT_FALSE(sample().empty());
 }
 
@@ -74,7 +74,7 @@ TEST(ListMap, InsertReportsTheNewEntry) {
     EXPECT_EQ(entry, std::prev(map.end()));
     EXPECT_EQ(entry->first, "aa");
     EXPECT_EQ(entry->second, 4);
-    EXPECT_EQ(dump(map), "b=1 a=2 c=3 aa=4");
+    EXPECT_EQ(entriesOf(map), "b=1 a=2 c=3 aa=4");
 }
 
 TEST(ListMap, KeepsAnExistingKeyInPlace) {
@@ -82,13 +82,13 @@ TEST(ListMap, KeepsAnExistingKeyInPlace) {
     const auto [entry, isNew] = map.insert({"b", 9});
     EXPECT_FALSE(isNew);
     EXPECT_EQ(entry, map.begin());
-    EXPECT_EQ(dump(map), "b=1 a=2 c=3");
+    EXPECT_EQ(entriesOf(map), "b=1 a=2 c=3");
 }
 
 TEST(ListMap, InsertsAnEntryOfItsOwnWithoutChange) {
     Map map = sample();
     EXPECT_FALSE(map.insert(*map.begin()).second);
-    EXPECT_EQ(dump(map), "b=1 a=2 c=3");
+    EXPECT_EQ(entriesOf(map), "b=1 a=2 c=3");
 }
 
 TEST(ListMap, FindsByKeyOnly) {
@@ -103,7 +103,7 @@ TEST(ListMap, LetsAValueBeChangedThroughAnIterator) {
     Map map = sample();
     map.find("a")->second = 7;
     map.begin()->second = 8;
-    EXPECT_EQ(dump(map), "b=8 a=7 c=3");
+    EXPECT_EQ(entriesOf(map), "b=8 a=7 c=3");
 }
 
 TEST(ListMap, UsesItsOwnOrderToTellKeysApart) {
@@ -121,20 +121,20 @@ TEST(ListMap, UsesItsOwnOrderToTellKeysApart) {
 TEST(ListMap, EraseAtAPlaceReturnsTheNext) {
     Map map = sample();
     EXPECT_EQ(map.erase(map.find("a"))->first, "c");
-    EXPECT_EQ(dump(map), "b=1 c=3");
+    EXPECT_EQ(entriesOf(map), "b=1 c=3");
     EXPECT_EQ(map.find("a"), map.end());
     EXPECT_EQ(map.erase(map.find("c")), map.end());
     EXPECT_EQ(map.erase(map.begin()), map.end());
-    EXPECT_EQ(dump(map), "");
+    EXPECT_EQ(entriesOf(map), "");
 }
 
 TEST(ListMap, EraseByKeyCountsTheErased) {
     Map map = sample();
     EXPECT_EQ(map.erase("x"), 0U);
-    EXPECT_EQ(dump(map), "b=1 a=2 c=3");
+    EXPECT_EQ(entriesOf(map), "b=1 a=2 c=3");
     EXPECT_EQ(map.erase("b"), 1U);
     EXPECT_EQ(map.erase("b"), 0U);
-    EXPECT_EQ(dump(map), "a=2 c=3");
+    EXPECT_EQ(entriesOf(map), "a=2 c=3");
 }
 
 TEST(ListMap, EraseTakesTheVeryKeyOfTheEntry) {
@@ -142,14 +142,14 @@ TEST(ListMap, EraseTakesTheVeryKeyOfTheEntry) {
     map.insert({"a key that is too long to be kept inside a string", 1});
     map.insert({"other", 2});
     EXPECT_EQ(map.erase(map.begin()->first), 1U);
-    EXPECT_EQ(dump(map), "other=2");
+    EXPECT_EQ(entriesOf(map), "other=2");
 }
 
 TEST(ListMap, PutsAnErasedKeyLastWhenItComesAgain) {
     Map map = sample();
     map.erase("b");
     map.insert({"b", 4});
-    EXPECT_EQ(dump(map), "a=2 c=3 b=4");
+    EXPECT_EQ(entriesOf(map), "a=2 c=3 b=4");
 }
 
 TEST(ListMap, ClearErasesAllAndLeavesItUsable) {
@@ -158,7 +158,7 @@ TEST(ListMap, ClearErasesAllAndLeavesItUsable) {
     EXPECT_TRUE(map.empty());
     EXPECT_EQ(map.find("a"), map.end());
     map.insert({"a", 5});
-    EXPECT_EQ(dump(map), "a=5");
+    EXPECT_EQ(entriesOf(map), "a=5");
 }
 
 TEST(ListMap, KeepsAddressesWhileOthersComeAndGo) {
@@ -178,7 +178,7 @@ TEST(ListMap, KeepsAddressesAndIteratorsWhenMoved) {
     Map moved = std::move(map);
     EXPECT_EQ(moved.find("a"), place);
     EXPECT_EQ(moved.end(), end);
-    EXPECT_EQ(dump(moved), "b=1 a=2 c=3");
+    EXPECT_EQ(entriesOf(moved), "b=1 a=2 c=3");
 }
 
 TEST(ListMap, MoveAssignmentReplacesTheEntries) {
@@ -188,7 +188,7 @@ TEST(ListMap, MoveAssignmentReplacesTheEntries) {
     const Map::iterator place = source.find("c");
     map = std::move(source);
     EXPECT_EQ(map.find("c"), place);
-    EXPECT_EQ(dump(map), "b=1 a=2 c=3");
+    EXPECT_EQ(entriesOf(map), "b=1 a=2 c=3");
 }
 
 TEST(ListMap, CanBeAssignedToAfterAMove) {
@@ -196,7 +196,7 @@ TEST(ListMap, CanBeAssignedToAfterAMove) {
     const Map moved = std::move(map);
     map = Map();
     map.insert({"new", 1});
-    EXPECT_EQ(dump(map), "new=1");
+    EXPECT_EQ(entriesOf(map), "new=1");
 }
 
 TEST(ListMap, SwapExchangesTheEntriesWithTheirAddresses) {
@@ -205,8 +205,8 @@ TEST(ListMap, SwapExchangesTheEntriesWithTheirAddresses) {
     other.insert({"x", 9});
     const Map::iterator place = map.find("a");
     map.swap(other);
-    EXPECT_EQ(dump(map), "x=9");
-    EXPECT_EQ(dump(other), "b=1 a=2 c=3");
+    EXPECT_EQ(entriesOf(map), "x=9");
+    EXPECT_EQ(entriesOf(other), "b=1 a=2 c=3");
     EXPECT_EQ(other.find("a"), place);
 }
 

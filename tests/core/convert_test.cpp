@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "RuntimeErrorText.h"
+#include "support/rowName.h"
 
 namespace {
 
@@ -16,10 +17,6 @@ struct Pair {
     std::wstring wide;
     std::string narrow;
 };
-
-std::string rowName(const testing::TestParamInfo<Pair>& row) {
-    return row.param.name;
-}
 
 class ValidText : public testing::TestWithParam<Pair> {};
 
@@ -47,7 +44,7 @@ const Pair k_valid[] = {
     {"Mixed", L"z\xE9\x20AC\x1F600!", "z\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80!"},
     {"EmbeddedNull", std::wstring(L"a\0b", 3), std::string("a\0b", 3)},
 };
-INSTANTIATE_TEST_SUITE_P(Convert, ValidText, testing::ValuesIn(k_valid), rowName);
+INSTANTIATE_TEST_SUITE_P(Convert, ValidText, testing::ValuesIn(k_valid), k_rowName);
 
 class InvalidWideText : public testing::TestWithParam<Pair> {};
 
@@ -62,7 +59,7 @@ const Pair k_invalidWide[] = {
     {"BeyondTheLast", {L'<', static_cast<wchar_t>(0x110000), L'>'}, "<\xEF\xBF\xBD>"},
     {"Negative", {L'<', static_cast<wchar_t>(-1), L'>'}, "<\xEF\xBF\xBD>"},
 };
-INSTANTIATE_TEST_SUITE_P(Convert, InvalidWideText, testing::ValuesIn(k_invalidWide), rowName);
+INSTANTIATE_TEST_SUITE_P(Convert, InvalidWideText, testing::ValuesIn(k_invalidWide), k_rowName);
 
 class InvalidNarrowText : public testing::TestWithParam<Pair> {};
 
@@ -82,7 +79,7 @@ const Pair k_invalidNarrow[] = {
     {"BeyondTheLast", L"<\xFFFD>", "<\xF4\x90\x80\x80>"},
     {"TwoCutInARow", L"<\xFFFD\xFFFD>", "<\xE2\x82\xE2\x82>"},
 };
-INSTANTIATE_TEST_SUITE_P(Convert, InvalidNarrowText, testing::ValuesIn(k_invalidNarrow), rowName);
+INSTANTIATE_TEST_SUITE_P(Convert, InvalidNarrowText, testing::ValuesIn(k_invalidNarrow), k_rowName);
 
 TEST(Convert, ReadsAPointerUpToTheNullCharacter) {
     EXPECT_EQ(convert(L"\xE9t\xE9\0hidden"), "\xC3\xA9t\xC3\xA9");

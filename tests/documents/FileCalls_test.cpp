@@ -22,6 +22,7 @@
 #include <zo/Tessera/Exception.h>
 
 #include "documents/ScratchFolder.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 namespace {
@@ -164,10 +165,6 @@ struct Failure {
     const char* log;
 };
 
-std::string nameOf(const testing::TestParamInfo<Failure>& row) {
-    return row.param.name;
-}
-
 class FailingCall : public FileCalls, public testing::WithParamInterface<Failure> {
 protected:
     /// The message of the failure; `log` is what was called.
@@ -207,7 +204,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Failure{
                         "Rename", "rename", EACCES, "Permission denied",
                         "fchmod from 600;write;fsync file;close file;rename;unlink;close folder;"}),
-    nameOf);
+    k_rowName);
 
 class CallThatFailsAfterTheRename : public FailingCall {};
 
@@ -221,7 +218,7 @@ TEST_P(CallThatFailsAfterTheRename, IsReportedWithTheNewFileInPlace) {
 INSTANTIATE_TEST_SUITE_P(Each, CallThatFailsAfterTheRename,
                          testing::Values(Failure{"FlushOfTheFolder", "fsync folder", EIO,
                                                  "Input/output error", ""}),
-                         nameOf);
+                         k_rowName);
 
 class CallThatNeedNotSucceed : public FailingCall {};
 
@@ -248,6 +245,6 @@ INSTANTIATE_TEST_SUITE_P(
                 "fchmod from 600;write;fsync file;close file;rename;fsync folder;close folder;"},
         Failure{"FlushThatTheFolderDoesNotKnow", "fsync folder", EINVAL, "",
                 "fchmod from 600;write;fsync file;close file;rename;fsync folder;close folder;"}),
-    nameOf);
+    k_rowName);
 
 }  // namespace

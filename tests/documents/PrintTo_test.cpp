@@ -24,6 +24,7 @@
 #include "support/NumberOf.h"
 #include "support/dump.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 using testing::PrintToString;
@@ -131,7 +132,7 @@ INSTANTIATE_TEST_SUITE_P(
                                "\"caf\xEF\xBF\xBD\""},
                     Unwritable{"NoKind", []() -> Element* { return new KindOnly(7); },
                                "<JSON has no such kind of element>"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(PrintTo, ShowsAKeyThatIsNotUtf8) {
     Object object;

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "documents/reading.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -14,109 +15,104 @@ using namespace zo::Tessera;
 
 namespace {
 
-struct Case {
+struct Ending {
     const char* name;
     std::string_view text;
     const char* outcome;
 };
 
-class ReadDocumentEnds : public testing::TestWithParam<Case> {};
+class ReadDocumentEnds : public testing::TestWithParam<Ending> {};
 
 TEST_P(ReadDocumentEnds, AreTold) {
     EXPECT_EQ(fromBoth(GetParam().text), GetParam().outcome);
 }
 
-const auto k_name = [](const auto& row) { return std::string(row.param.name); };
-
 INSTANTIATE_TEST_SUITE_P(
     Refused, ReadDocumentEnds,
     testing::Values(
-        Case{"Empty", "",
-             R"(Parse error at 1,1 in element "": unexpected end of text before a document)"},
-        Case{"Blanks", " \n\t ",
-             R"(Parse error at 2,3 in element "": unexpected end of text before a document)"},
-        Case{"CommentsAlone", "/* a */ // b",
-             R"(Parse error at 1,13 in element "": unexpected end of text before a document)"},
-        Case{"ByteOrderMarkAlone", "\xEF\xBB\xBF",
-             R"(Parse error at 1,4 in element "": unexpected end of text before a document)"},
-        Case{"HalfAByteOrderMark", "\xEF\xBB",
-             R"(Parse error at 1,1 in element "": lexical error: invalid char in json text.)"},
-        Case{"InAnArray", "[1", R"(Parse error at 1,3 in element "": unexpected end of text)"},
-        Case{"BehindAComma", "[1,",
-             R"(Parse error at 1,4 in element "[1]": unexpected end of text)"},
-        Case{"InAnObject", "{\"a\": [{",
-             R"(Parse error at 1,9 in element "a[0]": unexpected end of text)"},
-        Case{"BehindAKey", "{\"a\"",
-             R"(Parse error at 1,5 in element "a": unexpected end of text)"},
-        Case{"BehindAColon", "{\"a\": {\"b\":\n",
-             R"(Parse error at 2,1 in element "a.b": unexpected end of text)"},
-        Case{"InAString", "[\"a",
-             R"(Parse error at 1,4 in element "[0]": unexpected end of text within a string)"},
-        Case{"InAStringAlone", "\"",
-             R"(Parse error at 1,2 in element "": unexpected end of text within a string)"},
-        Case{"InAnEscape", "[\"a\\",
-             R"(Parse error at 1,5 in element "[0]": unexpected end of text within a string)"},
-        Case{"BehindAnEscapedQuote", "[\"a\\\"",
-             R"(Parse error at 1,6 in element "[0]": unexpected end of text within a string)"},
-        Case{"AmongHexDigits", "[\"\\u12",
-             R"(Parse error at 1,7 in element "[0]": unexpected end of text within a string)"},
-        Case{"InAKey", "{\"a\": 1, \"b",
-             R"(Parse error at 1,12 in element "": unexpected end of text within a string)"},
-        Case{"InACharacter", "\"\xE2\x82",
-             R"(Parse error at 1,4 in element "": unexpected end of text within a string)"},
-        Case{"InALiteral", "[tru",
-             R"(Parse error at 1,5 in element "[0]": unexpected end of text within a token)"},
-        Case{"InALiteralAlone", "fals",
-             R"(Parse error at 1,5 in element "": unexpected end of text within a token)"},
-        Case{"BehindAMinus", "-",
-             R"(Parse error at 1,2 in element "": unexpected end of text within a token)"},
-        Case{"BehindAPoint", "0.",
-             R"(Parse error at 1,3 in element "": unexpected end of text within a token)"},
-        Case{"BehindTheLetterOfAnExponent", "[1e",
-             R"(Parse error at 1,4 in element "[0]": unexpected end of text within a token)"},
-        Case{"BehindTheSignOfAnExponent", "[1e-",
-             R"(Parse error at 1,5 in element "[0]": unexpected end of text within a token)"},
-        Case{"BehindASlash", "[1, /",
-             R"(Parse error at 1,6 in element "[1]": unexpected end of text within a token)"},
-        Case{"InAComment", "[1 /*",
-             R"(Parse error at 1,6 in element "": unexpected end of text within a comment)"},
-        Case{"BehindTheStarOfAComment", "[1 /* *",
-             R"(Parse error at 1,8 in element "": unexpected end of text within a comment)"},
-        Case{"InACommentBeforeTheDocument", "/* [1] ",
-             R"(Parse error at 1,8 in element "": unexpected end of text within a comment)"},
-        Case{"InACommentBehindTheDocument", "[1] /*/",
-             R"(Parse error at 1,8 in element "": unexpected end of text within a comment)"},
-        Case{"InACommentBehindANumber", "1/**",
-             R"(Parse error at 1,5 in element "": unexpected end of text within a comment)"},
-        Case{"InALineCommentInAnArray", "[1, // a",
-             R"(Parse error at 1,9 in element "[1]": unexpected end of text)"},
-        Case{"ASlashBehindTheDocument", "[1] /",
-             R"(Parse error at 1,5 in element "": text behind the document)"},
-        Case{"AStringBehindTheDocument", "[1] \"a",
-             R"(Parse error at 1,5 in element "": text behind the document)"},
-        Case{"ALiteralBehindTheDocument", "[1]\ntru",
-             R"(Parse error at 2,1 in element "": text behind the document)"},
-        Case{"AMinusBehindTheDocument", "1 -",
-             R"(Parse error at 1,3 in element "": text behind the document)"}),
-    k_name);
-
-constexpr const char* k_one = "etNumber 1 key=\"\" index=- parent=none\n";
+        Ending{"Empty", "",
+               R"(Parse error at 1,1 in element "": unexpected end of text before a document)"},
+        Ending{"Blanks", " \n\t ",
+               R"(Parse error at 2,3 in element "": unexpected end of text before a document)"},
+        Ending{"CommentsAlone", "/* a */ // b",
+               R"(Parse error at 1,13 in element "": unexpected end of text before a document)"},
+        Ending{"ByteOrderMarkAlone", "\xEF\xBB\xBF",
+               R"(Parse error at 1,4 in element "": unexpected end of text before a document)"},
+        Ending{"HalfAByteOrderMark", "\xEF\xBB",
+               R"(Parse error at 1,1 in element "": lexical error: invalid char in json text.)"},
+        Ending{"InAnArray", "[1", R"(Parse error at 1,3 in element "": unexpected end of text)"},
+        Ending{"BehindAComma", "[1,",
+               R"(Parse error at 1,4 in element "[1]": unexpected end of text)"},
+        Ending{"InAnObject", "{\"a\": [{",
+               R"(Parse error at 1,9 in element "a[0]": unexpected end of text)"},
+        Ending{"BehindAKey", "{\"a\"",
+               R"(Parse error at 1,5 in element "a": unexpected end of text)"},
+        Ending{"BehindAColon", "{\"a\": {\"b\":\n",
+               R"(Parse error at 2,1 in element "a.b": unexpected end of text)"},
+        Ending{"InAString", "[\"a",
+               R"(Parse error at 1,4 in element "[0]": unexpected end of text within a string)"},
+        Ending{"InAStringAlone", "\"",
+               R"(Parse error at 1,2 in element "": unexpected end of text within a string)"},
+        Ending{"InAnEscape", "[\"a\\",
+               R"(Parse error at 1,5 in element "[0]": unexpected end of text within a string)"},
+        Ending{"BehindAnEscapedQuote", "[\"a\\\"",
+               R"(Parse error at 1,6 in element "[0]": unexpected end of text within a string)"},
+        Ending{"AmongHexDigits", "[\"\\u12",
+               R"(Parse error at 1,7 in element "[0]": unexpected end of text within a string)"},
+        Ending{"InAKey", "{\"a\": 1, \"b",
+               R"(Parse error at 1,12 in element "": unexpected end of text within a string)"},
+        Ending{"InACharacter", "\"\xE2\x82",
+               R"(Parse error at 1,4 in element "": unexpected end of text within a string)"},
+        Ending{"InALiteral", "[tru",
+               R"(Parse error at 1,5 in element "[0]": unexpected end of text within a token)"},
+        Ending{"InALiteralAlone", "fals",
+               R"(Parse error at 1,5 in element "": unexpected end of text within a token)"},
+        Ending{"BehindAMinus", "-",
+               R"(Parse error at 1,2 in element "": unexpected end of text within a token)"},
+        Ending{"BehindAPoint", "0.",
+               R"(Parse error at 1,3 in element "": unexpected end of text within a token)"},
+        Ending{"BehindTheLetterOfAnExponent", "[1e",
+               R"(Parse error at 1,4 in element "[0]": unexpected end of text within a token)"},
+        Ending{"BehindTheSignOfAnExponent", "[1e-",
+               R"(Parse error at 1,5 in element "[0]": unexpected end of text within a token)"},
+        Ending{"BehindASlash", "[1, /",
+               R"(Parse error at 1,6 in element "[1]": unexpected end of text within a token)"},
+        Ending{"InAComment", "[1 /*",
+               R"(Parse error at 1,6 in element "": unexpected end of text within a comment)"},
+        Ending{"BehindTheStarOfAComment", "[1 /* *",
+               R"(Parse error at 1,8 in element "": unexpected end of text within a comment)"},
+        Ending{"InACommentBeforeTheDocument", "/* [1] ",
+               R"(Parse error at 1,8 in element "": unexpected end of text within a comment)"},
+        Ending{"InACommentBehindTheDocument", "[1] /*/",
+               R"(Parse error at 1,8 in element "": unexpected end of text within a comment)"},
+        Ending{"InACommentBehindANumber", "1/**",
+               R"(Parse error at 1,5 in element "": unexpected end of text within a comment)"},
+        Ending{"InALineCommentInAnArray", "[1, // a",
+               R"(Parse error at 1,9 in element "[1]": unexpected end of text)"},
+        Ending{"ASlashBehindTheDocument", "[1] /",
+               R"(Parse error at 1,5 in element "": text behind the document)"},
+        Ending{"AStringBehindTheDocument", "[1] \"a",
+               R"(Parse error at 1,5 in element "": text behind the document)"},
+        Ending{"ALiteralBehindTheDocument", "[1]\ntru",
+               R"(Parse error at 2,1 in element "": text behind the document)"},
+        Ending{"AMinusBehindTheDocument", "1 -",
+               R"(Parse error at 1,3 in element "": text behind the document)"}),
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Accepted, ReadDocumentEnds,
-    testing::Values(Case{"InADigit", "1", k_one}, Case{"BehindABlank", "1 ", k_one},
-                    Case{"BehindALineEnd", "1\r\n", k_one}, Case{"BehindAComment", "1/**/", k_one},
-                    Case{"InALineComment", "1 // a", k_one},
-                    Case{"InAnEmptyLineComment", "1//", k_one},
-                    Case{"InACommentsEndInALineComment", "1 // */", k_one},
-                    Case{"InACommentsBeginningInALineComment", "1 // /*", k_one},
-                    Case{"InAFraction", "-0.5", "etNumber -0.5 key=\"\" index=- parent=none\n"},
-                    Case{"InAnExponent", "1e5", "etNumber 1e5 key=\"\" index=- parent=none\n"},
-                    Case{"WithALiteral", "true", "etBoolean true key=\"\" index=- parent=none\n"},
-                    Case{"WithAString", "\"a\\\\\"",
-                         "etString \"a\\\" key=\"\" index=- parent=none\n"},
-                    Case{"WithABracket", "[]", "etArray key=\"\" index=- parent=none\n"}),
-    k_name);
+    testing::Values(
+        Ending{"InADigit", "1", k_one}, Ending{"BehindABlank", "1 ", k_one},
+        Ending{"BehindALineEnd", "1\r\n", k_one}, Ending{"BehindAComment", "1/**/", k_one},
+        Ending{"InALineComment", "1 // a", k_one}, Ending{"InAnEmptyLineComment", "1//", k_one},
+        Ending{"InACommentsEndInALineComment", "1 // */", k_one},
+        Ending{"InACommentsBeginningInALineComment", "1 // /*", k_one},
+        Ending{"InAFraction", "-0.5", "etNumber -0.5 key=\"\" index=- parent=none\n"},
+        Ending{"InAnExponent", "1e5", "etNumber 1e5 key=\"\" index=- parent=none\n"},
+        Ending{"WithALiteral", "true", "etBoolean true key=\"\" index=- parent=none\n"},
+        Ending{"WithAString", "\"a\\\\\"", "etString \"a\\\" key=\"\" index=- parent=none\n"},
+        Ending{"WithABracket", "[]", "etArray key=\"\" index=- parent=none\n"}),
+    k_rowName);
 
 /// Reads each beginning of `text` that ends before `documentEnd`, and then each longer one.
 void readEachBeginning(std::string_view text, size_t documentEnd) {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "documents/reading.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -13,13 +14,13 @@ using namespace zo::Tessera;
 
 namespace {
 
-struct Case {
+struct PlaceInText {
     const char* name;
     std::string_view text;  // up to an "x" that no token begins with
     const char* place;
 };
 
-class ReadDocumentLines : public testing::TestWithParam<Case> {};
+class ReadDocumentLines : public testing::TestWithParam<PlaceInText> {};
 
 std::string placeOf(const std::string& refusal) {
     const std::string_view before = "Parse error at ";
@@ -37,29 +38,30 @@ TEST_P(ReadDocumentLines, AreCountedToTheEndOfTheText) {
 
 INSTANTIATE_TEST_SUITE_P(
     Places, ReadDocumentLines,
-    testing::Values(Case{"First", "[", "1,2"}, Case{"LineFeed", "[\n", "2,1"},
-                    Case{"CarriageReturn", "[\r", "2,1"}, Case{"Both", "[\r\n", "2,1"},
-                    Case{"InTheWrongOrder", "[\n\r", "3,1"}, Case{"TwoLineFeeds", "[\n\n", "3,1"},
-                    Case{"TwoCarriageReturns", "[\r\r", "3,1"},
-                    Case{"BothTwice", "[\r\n\r\n", "3,1"}, Case{"ReturnThenBoth", "[\r\r\n", "3,1"},
-                    Case{"BothThenLineFeed", "[\r\n\n", "3,1"},
-                    Case{"AllOfThem", "[1,\n2,\r3,\r\n4,\n\r5, ", "6,4"},
-                    Case{"BeforeTheDocument", "\n\r\n\r ", "4,2"},
-                    Case{"SpaceBetweenReturnAndFeed", "[\r \n", "3,1"},
-                    Case{"TokenBetweenReturnAndFeed", "[1\r,\n", "3,1"},
-                    Case{"ReturnBehindAToken", "[1,\r  ", "2,3"},
-                    Case{"LineEndBehindAToken", "[\"a\"\r\n,", "2,2"},
-                    Case{"LineEndBehindANumber", "[12\r\n, ", "2,3"},
-                    Case{"InABlockComment", "[/* a\r\nb\rc\nd */ ", "4,6"},
-                    Case{"InABlockCommentBehindAToken", "[1/*\r*/\r\n", "3,1"},
-                    Case{"AfterALineComment", "[ // a\r\n  ", "2,3"},
-                    Case{"AfterALineCommentOfAFeed", "[ // a\n ", "2,2"},
-                    Case{"EscapedOnesEndNoLine", "[\"\\r\\n\", ", "1,10"},
-                    Case{"OtherSeparatorsEndNoLine", "[\"\xC2\x85\xE2\x80\xA8\xE2\x80\xA9\", ",
-                         "1,14"},
-                    Case{"BytesAreCounted", "[\"\xF0\x9F\x98\x80\", ", "1,10"},
-                    Case{"TabsAreOneByte", "[\t\t", "1,4"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    testing::Values(
+        PlaceInText{"First", "[", "1,2"}, PlaceInText{"LineFeed", "[\n", "2,1"},
+        PlaceInText{"CarriageReturn", "[\r", "2,1"}, PlaceInText{"Both", "[\r\n", "2,1"},
+        PlaceInText{"InTheWrongOrder", "[\n\r", "3,1"}, PlaceInText{"TwoLineFeeds", "[\n\n", "3,1"},
+        PlaceInText{"TwoCarriageReturns", "[\r\r", "3,1"},
+        PlaceInText{"BothTwice", "[\r\n\r\n", "3,1"},
+        PlaceInText{"ReturnThenBoth", "[\r\r\n", "3,1"},
+        PlaceInText{"BothThenLineFeed", "[\r\n\n", "3,1"},
+        PlaceInText{"AllOfThem", "[1,\n2,\r3,\r\n4,\n\r5, ", "6,4"},
+        PlaceInText{"BeforeTheDocument", "\n\r\n\r ", "4,2"},
+        PlaceInText{"SpaceBetweenReturnAndFeed", "[\r \n", "3,1"},
+        PlaceInText{"TokenBetweenReturnAndFeed", "[1\r,\n", "3,1"},
+        PlaceInText{"ReturnBehindAToken", "[1,\r  ", "2,3"},
+        PlaceInText{"LineEndBehindAToken", "[\"a\"\r\n,", "2,2"},
+        PlaceInText{"LineEndBehindANumber", "[12\r\n, ", "2,3"},
+        PlaceInText{"InABlockComment", "[/* a\r\nb\rc\nd */ ", "4,6"},
+        PlaceInText{"InABlockCommentBehindAToken", "[1/*\r*/\r\n", "3,1"},
+        PlaceInText{"AfterALineComment", "[ // a\r\n  ", "2,3"},
+        PlaceInText{"AfterALineCommentOfAFeed", "[ // a\n ", "2,2"},
+        PlaceInText{"EscapedOnesEndNoLine", "[\"\\r\\n\", ", "1,10"},
+        PlaceInText{"OtherSeparatorsEndNoLine", "[\"\xC2\x85\xE2\x80\xA8\xE2\x80\xA9\", ", "1,14"},
+        PlaceInText{"BytesAreCounted", "[\"\xF0\x9F\x98\x80\", ", "1,10"},
+        PlaceInText{"TabsAreOneByte", "[\t\t", "1,4"}),
+    k_rowName);
 
 TEST(ReadDocumentLines, AreCountedBehindAByteOrderMark) {
     EXPECT_EQ(placeOf(fromBoth("\xEF\xBB\xBF[x")), "1,5");

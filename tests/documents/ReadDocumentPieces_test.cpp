@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "documents/reading.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 using namespace std::string_view_literals;
@@ -15,8 +16,6 @@ using namespace std::string_view_literals;
 // is what comes of the same text in memory.
 
 namespace {
-
-constexpr size_t k_pieceLength = 65536;
 
 /// What the text is to be read with: as it is, or checked as strictly as can be.
 std::vector<ReadOptions> allOptions() {
@@ -41,12 +40,12 @@ void readWithAPieceEndingAnywhereIn(std::string_view text, size_t pieces, const 
     }
 }
 
-struct Case {
+struct TextInPieces {
     const char* name;
     std::string_view text;
 };
 
-class ReadDocumentPieces : public testing::TestWithParam<Case> {};
+class ReadDocumentPieces : public testing::TestWithParam<TextInPieces> {};
 
 TEST_P(ReadDocumentPieces, EndAnywhereBehindLines) {
     readWithAPieceEndingAnywhereIn(GetParam().text, 1, [](size_t length) {
@@ -54,45 +53,52 @@ TEST_P(ReadDocumentPieces, EndAnywhereBehindLines) {
     });
 }
 
-const auto k_name = [](const auto& row) { return std::string(row.param.name); };
-
 INSTANTIATE_TEST_SUITE_P(
     Accepted, ReadDocumentPieces,
-    testing::Values(Case{"Object", R"({"ab": [-1.5e+3, true], "c": {"": null}})"},
-                    Case{"Escapes", R"(["\\\"\u00e9\uD83D\uDE00\n", "\\"])"},
-                    Case{"NoHalves", R"(["\\ud800\ud83d\ude00\\"] /*\ud800\*/)"},
-                    Case{"Characters",
-                         "[\"\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\", \"\xED\x9F\xBF\"]"},
-                    Case{"LineEnds", "[1,\r\n\r2,\n\r3\r\n]\r\n"},
-                    Case{"Comments", "[/***/ 1, // *\r\n 2 /*/ \v*/] // \f/"},
-                    Case{"NumberAlone", "-12.5e-10"}, Case{"LiteralAlone", "false"},
-                    Case{"DuplicateKeys", R"({"a": {"b": 1}, "a": {"b": 2, "b": 3}})"},
-                    Case{"Depth", "[[[[[]]]]]"}),
-    k_name);
+    testing::Values(TextInPieces{"Object", R"({"ab": [-1.5e+3, true], "c": {"": null}})"},
+                    TextInPieces{"Escapes", R"(["\\\"\u00e9\uD83D\uDE00\n", "\\"])"},
+                    TextInPieces{"NoHalves", R"(["\\ud800\ud83d\ude00\\"] /*\ud800\*/)"},
+                    TextInPieces{"Characters",
+                                 "[\"\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\", \"\xED\x9F\xBF\"]"},
+                    TextInPieces{"LineEnds", "[1,\r\n\r2,\n\r3\r\n]\r\n"},
+                    TextInPieces{"Comments", "[/***/ 1, // *\r\n 2 /*/ \v*/] // \f/"},
+                    TextInPieces{"NumberAlone", "-12.5e-10"}, TextInPieces{"LiteralAlone", "false"},
+                    TextInPieces{"DuplicateKeys", R"({"a": {"b": 1}, "a": {"b": 2, "b": 3}})"},
+                    TextInPieces{"Depth", "[[[[[]]]]]"}),
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Refused, ReadDocumentPieces,
     testing::Values(
-        Case{"NoToken", "{\"a\": [1, x]}"}, Case{"BrokenLiteral", "[true,\r\n falsx]"},
-        Case{"BrokenNumber", "[1,\r\n -1.5ex]"}, Case{"BrokenEscape", "{\"ab\": \"c\\u00x\"}"},
-        Case{"ControlCharacter", "[\"ab\\n\tc\"]"}, Case{"TwoItems", "[1,\n\"ab\" \"cd\"]"},
-        Case{"WrongKey", "{\"a\": 1, 234: 5}"}, Case{"ItemBehindAComment", "{\"a\": 1 /*b*/2}"},
-        Case{"WrongEnd", "[{\"a\": 1]"}, Case{"BrokenComment", "[1, /x]"},
-        Case{"VerticalTab", "[\"\\\"\", /*\v*/ \v 1]"}, Case{"FormFeedInANumber", "[1,\r\n12\f]"},
-        Case{"VerticalTabInAString", "[\"a\\\"\v\"]"}, Case{"TextBehind", "[1] // a\r\n \"bc\""},
-        Case{"FirstHalf", R"(["\ud83d\ude00\ud800", 2])"},
-        Case{"FirstHalfBeforeAnEscape", R"(["a\ud800\u0041"])"},
-        Case{"SecondHalf", R"({"\\\udc00": 1})"}, Case{"EndInAPair", R"(["\ud83d\ud)"},
-        Case{"ByteOrderMark", "\xEF\xBB\xBF[]"}, Case{"EndInACharacter", "[\"\xF0\x9F\x98"},
-        Case{"EndInAComment", "[1] /* a *"}, Case{"EndInAnEscape", "{\"ab\": \"\\u12"},
-        Case{"EndInALiteral", "[1, tru"}, Case{"EndBehindAMinus", "{\"ab\": -"},
-        Case{"EndInALineComment", "[1,//"}, Case{"ZeroByte", "[1, \"a\0b\"]"sv},
-        Case{"Surrogate", "[1, \"a\xED\xA0\x80\"]"},
-        Case{"OverlongCharacter", "[1, \"a\xF0\x82\x82\xAC\"]"},
-        Case{"CutOffCharacter", "[1, \"a\xF0\x9F\x98\", 2]"},
-        Case{"ContinuationAlone", "[1, \"\xE2\x82\xAC\x80\"]"},
-        Case{"CharacterOutsideAString", "[1, \xE2\x82\xAC]"}),
-    k_name);
+        TextInPieces{"NoToken", "{\"a\": [1, x]}"},
+        TextInPieces{"BrokenLiteral", "[true,\r\n falsx]"},
+        TextInPieces{"BrokenNumber", "[1,\r\n -1.5ex]"},
+        TextInPieces{"BrokenEscape", "{\"ab\": \"c\\u00x\"}"},
+        TextInPieces{"ControlCharacter", "[\"ab\\n\tc\"]"},
+        TextInPieces{"TwoItems", "[1,\n\"ab\" \"cd\"]"},
+        TextInPieces{"WrongKey", "{\"a\": 1, 234: 5}"},
+        TextInPieces{"ItemBehindAComment", "{\"a\": 1 /*b*/2}"},
+        TextInPieces{"WrongEnd", "[{\"a\": 1]"}, TextInPieces{"BrokenComment", "[1, /x]"},
+        TextInPieces{"VerticalTab", "[\"\\\"\", /*\v*/ \v 1]"},
+        TextInPieces{"FormFeedInANumber", "[1,\r\n12\f]"},
+        TextInPieces{"VerticalTabInAString", "[\"a\\\"\v\"]"},
+        TextInPieces{"TextBehind", "[1] // a\r\n \"bc\""},
+        TextInPieces{"FirstHalf", R"(["\ud83d\ude00\ud800", 2])"},
+        TextInPieces{"FirstHalfBeforeAnEscape", R"(["a\ud800\u0041"])"},
+        TextInPieces{"SecondHalf", R"({"\\\udc00": 1})"},
+        TextInPieces{"EndInAPair", R"(["\ud83d\ud)"},
+        TextInPieces{"ByteOrderMark", "\xEF\xBB\xBF[]"},
+        TextInPieces{"EndInACharacter", "[\"\xF0\x9F\x98"},
+        TextInPieces{"EndInAComment", "[1] /* a *"},
+        TextInPieces{"EndInAnEscape", "{\"ab\": \"\\u12"}, TextInPieces{"EndInALiteral", "[1, tru"},
+        TextInPieces{"EndBehindAMinus", "{\"ab\": -"}, TextInPieces{"EndInALineComment", "[1,//"},
+        TextInPieces{"ZeroByte", "[1, \"a\0b\"]"sv},
+        TextInPieces{"Surrogate", "[1, \"a\xED\xA0\x80\"]"},
+        TextInPieces{"OverlongCharacter", "[1, \"a\xF0\x82\x82\xAC\"]"},
+        TextInPieces{"CutOffCharacter", "[1, \"a\xF0\x9F\x98\", 2]"},
+        TextInPieces{"ContinuationAlone", "[1, \"\xE2\x82\xAC\x80\"]"},
+        TextInPieces{"CharacterOutsideAString", "[1, \xE2\x82\xAC]"}),
+    k_rowName);
 
 TEST(ReadDocumentPieces, EndAnywhereBehindAByteOrderMark) {
     readWithAPieceEndingAnywhereIn("[1,\r\n x]", 1, [](size_t length) {

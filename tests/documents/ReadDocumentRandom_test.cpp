@@ -15,9 +15,8 @@ using namespace zo::Tessera;
 
 namespace {
 
-constexpr size_t k_pieceLength = 65536;
 constexpr unsigned k_seed = 20240229;
-constexpr int k_texts = 2000;
+constexpr int k_textCount = 2000;
 
 // Few, so that what they make goes wrong late.
 constexpr std::array k_parts = {"[1,",      "]",    "}",       ",",       ":",      "1",     "-.5e",
@@ -54,7 +53,7 @@ private:
 
 TEST(RandomTextOfADocument, IsReadAlikeWhateverThePieces) {
     RandomTexts random;
-    for (int i = 0; i < k_texts; ++i) {
+    for (int i = 0; i < k_textCount; ++i) {
         const std::string text = random.text();
         const ReadOptions options = random.options();
         const size_t inFirstPiece = random.below(text.size() + 1);

@@ -17,7 +17,7 @@ using namespace zo::Tessera;
 namespace {
 
 constexpr size_t k_optionCount = 6;
-using Choice = std::bitset<k_optionCount>;
+using Refusals = std::bitset<k_optionCount>;
 
 /// An item of an array on a line of its own, that one of the options refuses.
 struct Item {
@@ -38,7 +38,7 @@ const std::vector<Item> k_items = {
 };
 constexpr size_t k_byteOrderMark = 5;
 
-ReadOptions optionsOf(const Choice& refuse) {
+ReadOptions optionsOf(const Refusals& refuse) {
     ReadOptions options;
     options.greatestDepth = refuse[0] ? 3 : ReadOptions::k_anyDepth;
     options.refuseDuplicateKeys = refuse[1];
@@ -50,7 +50,7 @@ ReadOptions optionsOf(const Choice& refuse) {
 }
 
 /// What is to be told of the `items`, each on a line, by the first option that refuses one.
-std::string refusalOf(const std::vector<Item>& items, const Choice& refuse) {
+std::string refusalOf(const std::vector<Item>& items, const Refusals& refuse) {
     if (refuse[k_byteOrderMark]) {
         return R"(Parse error at 1,1 in element "": lexical error: invalid char in json text.)";
     }
@@ -76,7 +76,7 @@ TEST(ReadOptions, RefuseEachItsOwnWhateverTheOthers) {
     do {
         const std::string text = textOf(items);
         for (unsigned long bits = 1; bits < 1UL << k_optionCount; ++bits) {
-            const Choice refuse(bits);
+            const Refusals refuse(bits);
             EXPECT_EQ(fromMemory(text, optionsOf(refuse)), refusalOf(items, refuse)) << refuse;
         }
     } while (std::next_permutation(items.begin(), items.end(), [](const Item& a, const Item& b) {
@@ -85,7 +85,8 @@ TEST(ReadOptions, RefuseEachItsOwnWhateverTheOthers) {
 }
 
 TEST(ReadOptions, RefuseNothingTogetherWhenAllAreOff) {
-    EXPECT_EQ(fromBoth(textOf(k_items), optionsOf(Choice())), R"(etArray key="" index=- parent=none
+    EXPECT_EQ(fromBoth(textOf(k_items), optionsOf(Refusals())),
+              R"(etArray key="" index=- parent=none
   etArray key="[0]" index=0 parent=right
     etArray key="[0]" index=0 parent=right
       etArray key="[0]" index=0 parent=right
@@ -94,8 +95,8 @@ TEST(ReadOptions, RefuseNothingTogetherWhenAllAreOff) {
     etNumber 2 key="a" index=- parent=right
   etNumber 1 key="[2]" index=2 parent=right
   etString "a)"
-                                                              "\xFF"
-                                                              R"(" key="[3]" index=3 parent=right
+              "\xFF"
+              R"(" key="[3]" index=3 parent=right
   etNumber 1 key="[4]" index=4 parent=right
   etNumber 0 key="[5]" index=5 parent=right
 )");
@@ -103,7 +104,7 @@ TEST(ReadOptions, RefuseNothingTogetherWhenAllAreOff) {
 
 TEST(ReadOptions, AcceptTogetherWhatNoneOfThemRefuses) {
     const std::string text = "[[[\"\xC3\xA9\"]], {\"a\": 1, \"b\": {\"a\": 2}}, \"/**/\"]";
-    EXPECT_EQ(fromBoth(text, optionsOf(Choice().set())), fromBoth(text));
+    EXPECT_EQ(fromBoth(text, optionsOf(Refusals().set())), fromBoth(text));
 }
 
 }  // namespace

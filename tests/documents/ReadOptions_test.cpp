@@ -14,7 +14,6 @@ using namespace zo::Tessera;
 
 namespace {
 
-constexpr const char* k_one = "etNumber 1 key=\"\" index=- parent=none\n";
 constexpr const char* k_ones =
     "etArray key=\"\" index=- parent=none\n  etNumber 1 key=\"[0]\" index=0 parent=right\n";
 

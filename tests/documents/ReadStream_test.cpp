@@ -20,7 +20,6 @@ using namespace zo::Tessera;
 namespace {
 
 constexpr const char* k_text = R"({"a": [1, "b"], "c": 1.50})";
-constexpr const char* k_one = "etNumber 1 key=\"\" index=- parent=none\n";
 constexpr const char* k_unreadable = "Cannot read the stream";
 
 /// Never has a character at hand, and gives one at a time. Throws in place of the end, if told to.

@@ -8,6 +8,7 @@
 #include <zo/Tessera/Element.h>
 
 #include "documents/reading.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -49,7 +50,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Half{"BehindABackslash", R"(["\\\ud800"])", 5, "[0]"},
                     Half{"InAKey", R"({"b":1,"\ud800":2})", 9, ""},
                     Half{"BehindAComment", R"(/*\ud800*/"\ud800")", 12, ""}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(EscapedHalves, MakeOneCharacterInPairs) {
     const Dom document = readDocument(R"(["\ud800\udc00", "\uD83D\uDE00", "x\udbff\udfffy"])");

@@ -12,6 +12,7 @@
 
 #include "documents/writtenEverywhere.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -76,7 +77,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Binary{"ExactDouble", exact(0.1), "0.1\n"},
                     Binary{"MinusZero", exact(-0.0), "-0\n"},
                     Binary{"ExactThird", exact(1.0 / 3), "0.3333333333333333\n"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 class NotFinite : public testing::TestWithParam<double> {};
 

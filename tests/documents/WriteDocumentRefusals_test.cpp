@@ -17,6 +17,7 @@
 #include "documents/ScratchFolder.h"
 #include "generation/KindOnly.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -105,8 +106,7 @@ TEST_P(RefusedElement, LeavesTheFileAsItWas) {
     EXPECT_EQ(folder.names(), (std::set<std::string>{"a.json"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(WriteDocument, RefusedElement, testing::ValuesIn(k_refused),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(WriteDocument, RefusedElement, testing::ValuesIn(k_refused), k_rowName);
 
 TEST(WriteDocument, NamesThePathFromTheRootWrittenAndCapturesTheWholeOne) {
     const auto root = treeWith(R"({"a":{"b":[]}})", "a.b[0]", badNumber());

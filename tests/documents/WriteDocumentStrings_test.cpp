@@ -9,6 +9,7 @@
 #include <zo/Tessera/Object.h>
 
 #include "documents/writtenEverywhere.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -85,8 +86,7 @@ const Text k_texts[] = {
      "12345678\\u00E9"
      "12345678\\\""},
 };
-INSTANTIATE_TEST_SUITE_P(WriteDocument, WrittenText, testing::ValuesIn(k_texts),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(WriteDocument, WrittenText, testing::ValuesIn(k_texts), k_rowName);
 
 struct Invalid {
     const char* name;
@@ -111,7 +111,7 @@ TEST_P(InvalidText, IsReplacedOnRequest) {
     EXPECT_EQ(replaced(GetParam().text), GetParam().replaced);
 }
 
-const Invalid k_invalid[] = {
+const Invalid k_invalidTexts[] = {
     {"ContinuationAlone", "<\x80>", "<\xEF\xBF\xBD>"},
     {"NeverAByte", "<\xFF>", "<\xEF\xBF\xBD>"},
     {"FirstByteAlone", "<\xC3>", "<\xEF\xBF\xBD>"},
@@ -127,7 +127,6 @@ const Invalid k_invalid[] = {
     {"Latin1BehindEightBytes", "12345678\xE9", "12345678\xEF\xBF\xBD"},
     {"BesideWhatIsEscaped", "\"\xFF\xC3\xA9\n", "\\\"\xEF\xBF\xBD\xC3\xA9\\n"},
 };
-INSTANTIATE_TEST_SUITE_P(WriteDocument, InvalidText, testing::ValuesIn(k_invalid),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(WriteDocument, InvalidText, testing::ValuesIn(k_invalidTexts), k_rowName);
 
 }  // namespace

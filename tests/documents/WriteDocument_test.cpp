@@ -16,6 +16,7 @@
 #include "documents/writtenEverywhere.h"
 #include "support/HostileLocale.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -66,7 +67,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Lone{"String", "\"a\"", "\"a\"\n"}, Lone{"EmptyArray", "[]", "[]\n"},
                     Lone{"EmptyObject", "{}", "{}\n"},
                     Lone{"ArrayOfOne", "[null]", "[\n    null\n]\n"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(WriteDocument, WritesAnElementAndWhatIsBelowIt) {
     const std::unique_ptr<Element> root = parsed(R"({"a":{"b":[true]},"c":1})");

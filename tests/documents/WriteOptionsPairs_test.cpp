@@ -1,13 +1,12 @@
 #include <zo/Tessera/writeDocument.h>
 
-#include <string>
-
 #include <gtest/gtest.h>
 
 #include <zo/Tessera/Dom.h>
 
 #include "documents/writtenEverywhere.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -26,7 +25,7 @@ const Choice k_noEnd = [](WriteOptions& options) { options.finalNewline = false;
 const Choice k_noMeta = [](WriteOptions& options) { options.includeMeta = false; };
 
 const char* const k_valid = "{\"b\":[1,2],\"a\":\"\xC3\xA9\",\"meta\":[]}";
-const char* const k_invalid = "{\"b\":[1,2],\"a\":\"\xC3\xA9\xFF\",\"meta\":[]}";
+const char* const k_notUtf8 = "{\"b\":[1,2],\"a\":\"\xC3\xA9\xFF\",\"meta\":[]}";
 
 struct Pair {
     const char* name;
@@ -40,7 +39,7 @@ class OptionPair : public testing::TestWithParam<Pair> {};
 TEST_P(OptionPair, GivesWhatBothAskFor) {
     const bool replaces = GetParam().first == k_replace || GetParam().second == k_replace;
     Dom document;
-    document.setRoot(parsed(replaces ? k_invalid : k_valid));
+    document.setRoot(parsed(replaces ? k_notUtf8 : k_valid));
     WriteOptions options;
     options.indent = " ";
     GetParam().first(options);
@@ -109,8 +108,7 @@ const Pair k_pairs[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(WriteOptions, OptionPair, testing::ValuesIn(k_pairs),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(WriteOptions, OptionPair, testing::ValuesIn(k_pairs), k_rowName);
 
 TEST(WriteOptions, HaveNoSayInHowAnOnlyLineIsIndented) {
     WriteOptions options;
@@ -121,7 +119,7 @@ TEST(WriteOptions, HaveNoSayInHowAnOnlyLineIsIndented) {
 
 TEST(WriteOptions, WorkAllTogether) {
     Dom document;
-    document.setRoot(parsed(k_invalid));
+    document.setRoot(parsed(k_notUtf8));
     WriteOptions options;
     for (const Choice choose :
          {k_indent, k_short, k_sorted, k_ascii, k_replace, k_noEnd, k_noMeta}) {

@@ -8,6 +8,7 @@
 
 #include "documents/writtenEverywhere.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -45,7 +46,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Layout{"OfEscapesAsWritten", "[\"\\n\"]", 6, "[\"\\n\"]"},
                     Layout{"OfALongString", "[1,\"aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa\",2]", 9,
                            "[\n  1,\n  \"aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa\",\n  2\n]"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Contents, ShortArray,
@@ -57,7 +58,7 @@ INSTANTIATE_TEST_SUITE_P(
         Layout{"FilledArrayFirst", "[[1],2]", 80, "[\n  [1],\n  2\n]"},
         Layout{"FilledArrayLast", "[1,2,[3]]", 80, "[\n  1,\n  2,\n  [3]\n]"},
         Layout{"FilledObject", R"([1,{"a":2}])", 80, "[\n  1,\n  {\n    \"a\": 2\n  }\n]"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 // What stands before an array or behind it does not count.
 INSTANTIATE_TEST_SUITE_P(
@@ -69,6 +70,6 @@ INSTANTIATE_TEST_SUITE_P(
                            "[3]\n}"},
                     Layout{"Nested", "[[[1,2]]]", 6, "[\n  [\n    [1, 2]\n  ]\n]"},
                     Layout{"Rows", "[[1,2],[3,4]]", 80, "[\n  [1, 2],\n  [3, 4]\n]"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 }  // namespace

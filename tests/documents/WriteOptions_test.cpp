@@ -12,6 +12,7 @@
 
 #include "documents/writtenEverywhere.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -47,7 +48,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Indent{"TabAndBlank", "\t ", "{\n\t \"a\": [\n\t \t 1\n\t ]\n}\n"},
                     Indent{"NineBlanks", "         ",
                            "{\n         \"a\": [\n                  1\n         ]\n}\n"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 class BadIndentation : public testing::TestWithParam<std::string> {};
 

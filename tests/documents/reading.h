@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -13,6 +14,12 @@
 #include <zo/Tessera/readDocument.h>
 
 #include "support/dump.h"
+
+/// How long the pieces are in which a stream is read.
+constexpr std::size_t k_pieceLength = 65536;
+
+/// What the document `1` comes to.
+constexpr const char* k_one = "etNumber 1 key=\"\" index=- parent=none\n";
 
 /// What `read`, which gives a document, comes to: the `dump` of its root, or what the
 /// `ParseException` says. That its parts make up its text is checked. Anything else gives a text

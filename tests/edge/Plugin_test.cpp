@@ -44,8 +44,6 @@ private:
     const EdgePlugin* m_plugin = nullptr;
 };
 
-}  // namespace
-
 TEST_F(Plugin, SharesEachExceptionClassWithTheProgram) {
     forEachException([](const EdgeException& ours, const EdgeException& theirs) {
         EXPECT_EQ(ours.type, theirs.type);
@@ -107,3 +105,5 @@ TEST_F(Plugin, MakesElementsThatTheProgramKnowsAndDeletes) {
     EXPECT_NE(dynamic_cast<Array*>(made.get()), nullptr);
     EXPECT_EQ(dynamic_cast<Object*>(made.get()), nullptr);
 }
+
+}  // namespace

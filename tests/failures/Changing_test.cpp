@@ -17,13 +17,13 @@
 #include "failures/richTree.h"
 #include "support/NumberOf.h"
 #include "support/dump.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
 namespace {
 
 const std::string k_newText = "new " + k_long;
-const std::string k_newKey = "new key " + k_long;
 const BasicNumber k_newNumber = numberOf("9876543210987654321098765432109876543210.5");
 const TBasicElement<std::string> k_newString(k_newText);
 const TBasicElement<BasicNumber> k_newNumberElement(k_newNumber);
@@ -55,8 +55,6 @@ TEST_P(OutOfMemoryInAChange, IsAsIfItHadNotBeenTried) {
     EXPECT_EQ(dump(*root), after);
 }
 
-const auto k_name = [](const auto& row) { return std::string(row.param.name); };
-
 INSTANTIATE_TEST_SUITE_P(
     Element, OutOfMemoryInAChange,
     testing::Values(
@@ -77,7 +75,7 @@ INSTANTIATE_TEST_SUITE_P(
         Change{"CreateElement", [](Element& e) { Path::createElement(e, k_newKey, e.at("list")); }},
         Change{"TryCreateElement",
                [](Element& e) { Path::tryCreateElement(e, "list[*]", e.at(k_long)); }}),
-    k_name);
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Create, OutOfMemoryInAChange,
@@ -95,7 +93,7 @@ INSTANTIATE_TEST_SUITE_P(
         Change{"StringItem", [](Element& e) { Element::create(etString, &e.at("list")); }},
         Change{"ObjectItem", [](Element& e) { Element::create(etObject, &e.at("list")); }},
         Change{"ArrayItem", [](Element& e) { Element::create(etArray, &e.at("list")); }}),
-    k_name);
+    k_rowName);
 
 // The parent deletes what is constructed.
 INSTANTIATE_TEST_SUITE_P(
@@ -122,7 +120,7 @@ INSTANTIATE_TEST_SUITE_P(
                [](Element& e) { new TBasicElement<std::string>(k_newText, &e.at("list")); }},
         Change{"ObjectItem", [](Element& e) { new Object(&e.at("list")); }},
         Change{"ArrayItem", [](Element& e) { new Array(&e.at("list")); }}),
-    k_name);
+    k_rowName);
 
 /// Something that is made and belongs to the caller, shown as text.
 struct Making {
@@ -162,7 +160,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Making{"Text", [] { return value(k_long.c_str()); }, k_stringState},
                     Making{"Object", [] { return object(); }, "etObject"},
                     Making{"Array", [] { return array(); }, "etArray"}),
-    k_name);
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Factory, OutOfMemoryWhenMaking,
@@ -176,6 +174,6 @@ INSTANTIATE_TEST_SUITE_P(
         Making{"LongNumber", [] { return Owner(Element::createNumber(k_newNumber)); },
                "etNumber 9876543210987654321098765432109876543210.5"},
         Making{"LongString", [] { return Owner(Element::createString(k_long)); }, k_stringState}),
-    k_name);
+    k_rowName);
 
 }  // namespace

@@ -131,44 +131,44 @@ std::string textOf(const zo::DecNumber& number) {
     return out.str();
 }
 
-const std::string k_former = "-1234567890.1234567890123456789";
-const std::string k_new = "9876543210.9876543210987654321";
+const std::string k_formerDecimal = "-1234567890.1234567890123456789";
+const std::string k_newDecimal = "9876543210.9876543210987654321";
 
 TEST(OutOfMemoryInADecNumber, MakesNone) {
     std::unique_ptr<zo::DecNumber> number;
     const auto prepare = [&] { number.reset(); };
     const auto check = [&] { EXPECT_EQ(number, nullptr); };
-    const auto fromText = [&] { number = std::make_unique<zo::DecNumber>(k_new); };
+    const auto fromText = [&] { number = std::make_unique<zo::DecNumber>(k_newDecimal); };
     EXPECT_GT(failEachAllocation(prepare, fromText, check), 1);
-    EXPECT_EQ(textOf(*number), k_new);
+    EXPECT_EQ(textOf(*number), k_newDecimal);
     const auto fromNumber = [&] { number = std::make_unique<zo::DecNumber>(1234567890123456789); };
     EXPECT_GT(failEachAllocation(prepare, fromNumber, check), 1);
     EXPECT_EQ(textOf(*number), "1234567890123456789");
 }
 
 TEST(OutOfMemoryInADecNumber, AssignsAllOrNothing) {
-    const zo::DecNumber source(k_new);
-    zo::DecNumber target(k_former);
-    const auto check = [&] { EXPECT_EQ(textOf(target), k_former); };
-    const auto prepare = [&] { target = zo::DecNumber(k_former); };
+    const zo::DecNumber source(k_newDecimal);
+    zo::DecNumber target(k_formerDecimal);
+    const auto check = [&] { EXPECT_EQ(textOf(target), k_formerDecimal); };
+    const auto prepare = [&] { target = zo::DecNumber(k_formerDecimal); };
     std::unique_ptr<zo::DecNumber> longer;
     const auto makeShort = [&] { longer = std::make_unique<zo::DecNumber>("1e5"); };
     const auto checkShort = [&] { EXPECT_EQ(textOf(*longer), "100000"); };
     EXPECT_GT(failEachAllocation(
                   makeShort, [&] { *longer = source; }, checkShort),
               0);
-    EXPECT_EQ(textOf(*longer), k_new);
+    EXPECT_EQ(textOf(*longer), k_newDecimal);
     EXPECT_GT(failEachAllocation(
-                  prepare, [&] { target = zo::DecNumber(k_new); }, check),
+                  prepare, [&] { target = zo::DecNumber(k_newDecimal); }, check),
               0);
-    EXPECT_EQ(textOf(target), k_new);
+    EXPECT_EQ(textOf(target), k_newDecimal);
 }
 
 TEST(OutOfMemoryInADecNumber, IsNeverAWrongConversion) {
-    const zo::DecNumber number(k_former);
+    const zo::DecNumber number(k_formerDecimal);
     long integer = 0;
     double floating = 0;
-    const auto check = [&] { EXPECT_EQ(textOf(number), k_former); };
+    const auto check = [&] { EXPECT_EQ(textOf(number), k_formerDecimal); };
     const auto toLong = [&] { integer = static_cast<long>(number); };
     EXPECT_GT(failEachAllocation([] {}, toLong, check), 0);
     EXPECT_EQ(integer, -1234567890);

@@ -16,6 +16,7 @@
 #include "support/NumberOf.h"
 #include "support/dump.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -25,8 +26,6 @@ using namespace zo::Tessera;
 namespace {
 
 using Owner = std::unique_ptr<Element>;
-
-const std::string k_newKey = "new key " + k_long;
 
 Array& listOf(Element& root) {
     return root.at("list").getArrayValue();
@@ -87,7 +86,7 @@ INSTANTIATE_TEST_SUITE_P(
                          [](Element& e, Owner& owner) {
                              e.getObjectValue().replace(k_newKey, std::move(owner));
                          }}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     SetByPath, OutOfMemoryInAnEdit,
@@ -109,7 +108,7 @@ INSTANTIATE_TEST_SUITE_P(
              [](Element& e, Owner& owner) { e.set("list[*]." + k_newKey + "[*]", *owner); }},
         Edit{"RemoveMember", [](Element& e, Owner&) { e.remove(k_long); }},
         Edit{"RemoveItemOfAMember", [](Element& e, Owner&) { e.remove(k_long + ".inner[1]"); }}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 /// An operation that needs no memory.
 class EditWithoutMemory : public testing::TestWithParam<Edit> {};
@@ -141,7 +140,7 @@ INSTANTIATE_TEST_SUITE_P(
                          [](Element& e, Owner& owner) {
                              e.getObjectValue().replace("text", std::move(owner));
                          }}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(OutOfMemoryInReattach, MayBeMadeUpFor) {
     const std::string right = dump(*richTree());

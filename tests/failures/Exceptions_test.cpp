@@ -11,6 +11,7 @@
 
 #include "failures/outOfMemory.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -27,9 +28,9 @@ struct Parts {
         : text(initialText), element(Element::createNull(root.get(), text)), cause("C" + text) {}
 };
 
-const Parts k_former(k_long);
+const Parts k_formerParts(k_long);
 // Longer, so that none of it fits into the memory of the former.
-const Parts k_new("new and longer " + k_long);
+const Parts k_newParts("new and longer " + k_long);
 
 /// All that the bases hold.
 std::string baseState(const zo::Exception& exception) {
@@ -101,7 +102,7 @@ class OutOfMemoryInAnException : public testing::TestWithParam<Row> {};
 
 TEST_P(OutOfMemoryInAnException, MakesNone) {
     Holder made;
-    const auto make = [&] { made = GetParam().make(k_new); };
+    const auto make = [&] { made = GetParam().make(k_newParts); };
     EXPECT_GT(failEachAllocation([&] { made.reset(); }, make, [&] { EXPECT_EQ(made, nullptr); }),
               1);
     EXPECT_NE(made, nullptr);
@@ -109,7 +110,7 @@ TEST_P(OutOfMemoryInAnException, MakesNone) {
 
 TEST_P(OutOfMemoryInAnException, CopiesNoneAndKeepsTheSource) {
     const Row& row = GetParam();
-    const Holder source = row.make(k_new);
+    const Holder source = row.make(k_newParts);
     const std::string state = row.state(*source);
     Holder copy;
     const auto prepare = [&] { copy.reset(); };
@@ -129,12 +130,12 @@ TEST_P(OutOfMemoryInAnException, CopiesNoneAndKeepsTheSource) {
 
 TEST_P(OutOfMemoryInAnException, AssignsAllOrNothing) {
     const Row& row = GetParam();
-    const Holder source = row.make(k_new);
+    const Holder source = row.make(k_newParts);
     const std::string after = row.state(*source);
-    const std::string before = row.state(*row.make(k_former));
+    const std::string before = row.state(*row.make(k_formerParts));
     ASSERT_NE(before, after);
     Holder target;
-    const long failures = failEachAllocation([&] { target = row.make(k_former); },
+    const long failures = failEachAllocation([&] { target = row.make(k_formerParts); },
                                              [&] { row.assign(*target, *source); },
                                              [&] {
                                                  EXPECT_EQ(row.state(*target), before);
@@ -146,7 +147,7 @@ TEST_P(OutOfMemoryInAnException, AssignsAllOrNothing) {
 }
 
 TEST_P(OutOfMemoryInAnException, LeavesTheTextThatItCannotReplace) {
-    const Holder exception = GetParam().make(k_new);
+    const Holder exception = GetParam().make(k_newParts);
     std::string text;
     EXPECT_GT(failEachAllocation([&] { text = "former"; }, [&] { exception->generateWhat(text); },
                                  [&] { EXPECT_EQ(text, "former"); }),
@@ -155,7 +156,7 @@ TEST_P(OutOfMemoryInAnException, LeavesTheTextThatItCannotReplace) {
 }
 
 TEST_P(OutOfMemoryInAnException, HasAnEmptyWhatUntilThereIsMemoryAgain) {
-    const Holder exception = GetParam().make(k_new);
+    const Holder exception = GetParam().make(k_newParts);
     const std::string text = exception->what();
     ASSERT_NE(text, "");
     const char* what = nullptr;
@@ -210,7 +211,7 @@ INSTANTIATE_TEST_SUITE_P(
                                                        numberOf(p.text), numberIn(p),
                                                        numberIn(p) + 1, &p.cause);
                                                })),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(OutOfMemoryInAParseException, InitialisesAllFieldsOrNone) {
     std::unique_ptr<ParseException> exception;
@@ -224,9 +225,9 @@ TEST(OutOfMemoryInAParseException, InitialisesAllFieldsOrNone) {
 }
 
 TEST(OutOfMemoryInTheBase, PassesOutOfEachConstructor) {
-    const std::string& text = k_new.text;
-    const Element* const element = k_new.element;
-    const Exception* const cause = &k_new.cause;
+    const std::string& text = k_newParts.text;
+    const Element* const element = k_newParts.element;
+    const Exception* const cause = &k_newParts.cause;
     std::unique_ptr<Exception> exception;
     const std::vector<std::function<void()>> constructors = {
         [&] { exception = std::make_unique<Exception>(cause); },
@@ -256,11 +257,11 @@ struct Shown : ParseException {
 
 // The cause goes in the middle of the assignment.
 TEST(AssignmentOfAnException, TakesEveryFieldOfItsOwnCause) {
-    const Shown inner(k_new.element, k_new.text, 5, 6, 7, 8);
-    ParseException outer(k_former.text, 1, 2, 3, 4, &inner);
+    const Shown inner(k_newParts.element, k_newParts.text, 5, 6, 7, 8);
+    ParseException outer(k_formerParts.text, 1, 2, 3, 4, &inner);
     outer = *Shown::s_clone;
-    EXPECT_EQ(fields(outer), k_new.text + "5678");
-    EXPECT_EQ(*outer.elementPath(), k_new.text);
+    EXPECT_EQ(fields(outer), k_newParts.text + "5678");
+    EXPECT_EQ(*outer.elementPath(), k_newParts.text);
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ using namespace zo::Tessera;
 namespace {
 
 // Too long for a string's own buffer.
-const std::string k_former = "-1234567890.123456789012345678901234567890";
+const std::string k_formerText = "-1234567890.123456789012345678901234567890";
 constexpr double k_third = -1.0 / 3;
 
 const std::string k_thirdText = "-0.3333333333333333";
@@ -27,8 +27,8 @@ const std::string k_thirdText = "-0.3333333333333333";
 TEST(OutOfMemoryInSetExact, LeavesTheNumberAsItWas) {
     BasicNumber number;
     const auto set = [&] { number.setExact(k_third); };
-    EXPECT_GT(failEachAllocation([&] { number.set(k_former); }, set,
-                                 [&] { EXPECT_EQ(number.as<std::string>(), k_former); }),
+    EXPECT_GT(failEachAllocation([&] { number.set(k_formerText); }, set,
+                                 [&] { EXPECT_EQ(number.as<std::string>(), k_formerText); }),
               1);
     EXPECT_EQ(number.as<std::string>(), k_thirdText);
     EXPECT_GT(failEachAllocation([&] { number.set(42); }, set,
@@ -51,16 +51,16 @@ TEST(OutOfMemoryInSetExact, ArrivesInPlaceOfARefusal) {
         }
     };
     const auto prepare = [&] {
-        number.set(k_former);
+        number.set(k_formerText);
         refused = false;
     };
     const auto check = [&] {
         EXPECT_FALSE(refused);
-        EXPECT_EQ(number.as<std::string>(), k_former);
+        EXPECT_EQ(number.as<std::string>(), k_formerText);
     };
     EXPECT_GT(failEachAllocation(prepare, set, check), 0);
     EXPECT_TRUE(refused);
-    EXPECT_EQ(number.as<std::string>(), k_former);
+    EXPECT_EQ(number.as<std::string>(), k_formerText);
 }
 
 TEST(OutOfMemoryInExactValue, MakesNone) {
@@ -76,7 +76,7 @@ TEST(OutOfMemoryInAnExactConversion, GivesNoText) {
     const auto prepare = [&] { text.reset(); };
     const auto check = [&] { EXPECT_EQ(text, std::nullopt); };
     for (const BasicNumber& number :
-         {numberOf(k_former), numberOf(k_third), numberOf(-9223372036854775807LL),
+         {numberOf(k_formerText), numberOf(k_third), numberOf(-9223372036854775807LL),
           numberOf(18446744073709551615ULL)}) {
         const std::string expected = number.as<std::string>();
         const auto convert = [&] { text = number.as<std::string>(); };
@@ -90,9 +90,9 @@ TEST(OutOfMemoryInAnExactConversion, GivesNoText) {
 
 // Each in each form, and some that are refused.
 std::vector<BasicNumber> variousNumbers() {
-    std::vector<BasicNumber> numbers = {numberOf(k_former),  numberOf("1e3"), numberOf("1e400"),
-                                        numberOf("-1e-400"), numberOf("abc"), numberOf(42),
-                                        numberOf(42U),       numberOf(0.5),   numberOf(k_third),
+    std::vector<BasicNumber> numbers = {numberOf(k_formerText), numberOf("1e3"), numberOf("1e400"),
+                                        numberOf("-1e-400"),    numberOf("abc"), numberOf(42),
+                                        numberOf(42U),          numberOf(0.5),   numberOf(k_third),
                                         numberOf(HUGE_VAL)};
     for (size_t i = numbers.size(); i-- > 0;) {
         const BasicNumber& derived = numbers.emplace_back(BasicNumber(numbers[i]));
@@ -134,7 +134,7 @@ TEST(OutOfMemoryInAnExactConversion, HindersNoneToABuiltInType) {
 }
 
 TEST(OutOfMemoryInAnExactConversion, ArrivesInPlaceOfARefusal) {
-    const BasicNumber number = numberOf(k_former);
+    const BasicNumber number = numberOf(k_formerText);
     bool refused = false;
     const auto convert = [&] {
         try {
@@ -145,7 +145,7 @@ TEST(OutOfMemoryInAnExactConversion, ArrivesInPlaceOfARefusal) {
     };
     const auto check = [&] {
         EXPECT_FALSE(refused);
-        EXPECT_EQ(number.as<std::string>(), k_former);
+        EXPECT_EQ(number.as<std::string>(), k_formerText);
     };
     EXPECT_GT(failEachAllocation([&] { refused = false; }, convert, check), 0);
     EXPECT_TRUE(refused);

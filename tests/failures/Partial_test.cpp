@@ -18,6 +18,7 @@
 #include "failures/outOfMemory.h"
 #include "failures/richTree.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -73,8 +74,6 @@ const std::unique_ptr<const Element> k_list = parsed(expanded(R"(["$", ["$"], {"
 const std::unique_ptr<const Element> k_members = parsed(expanded(R"({"a": "$", "$": ["$"]})"));
 const std::unique_ptr<const Element> k_x = value("x");
 
-const auto k_name = [](const auto& row) { return std::string(row.param.name); };
-
 // The former children, or the copies made by then.
 const std::vector<std::string> k_listLeft = {R"(["old"])", "[]", R"(["$"])", R"(["$",["$"]])"};
 const std::vector<std::string> k_membersLeft = {R"({"old":1})", "{}", R"({"a":"$"})"};
@@ -115,7 +114,7 @@ INSTANTIATE_TEST_SUITE_P(
                          [](Element& e) { e.at(1).setArrayValue(e.getArrayValue()); },
                          {R"(["$",[1]])", R"(["$",[]])", R"(["$",["$"]])"},
                          R"(["$",["$",["$"]]])"}),
-    k_name);
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Creating, OutOfMemoryOnTheWay,
@@ -156,7 +155,7 @@ INSTANTIATE_TEST_SUITE_P(
              },
              {"{}", R"({"$":{}})", R"({"$":{"b":{}}})"},
              R"({"$":{"b":{}}})"}),
-    k_name);
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(Removing, OutOfMemoryOnTheWay,
                          testing::Values(Step{"ByAKey",
@@ -164,7 +163,7 @@ INSTANTIATE_TEST_SUITE_P(Removing, OutOfMemoryOnTheWay,
                                               [](Element& e) { e.removeElement(*k_x, k_long, ""); },
                                               {R"([{"$":"x"},{"$":"y"},{"$":"x"}])"},
                                               R"([{"$":"y"}])"}),
-                         k_name);
+                         k_rowName);
 
 // A comparison with it raises, which is no match; for want of memory it cannot even raise.
 TEST(OutOfMemoryInARemoval, KeepsTheItemThatCannotBeCompared) {

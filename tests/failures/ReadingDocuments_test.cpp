@@ -19,6 +19,7 @@
 #include "failures/outOfMemory.h"
 #include "failures/richTree.h"
 #include "support/dump.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -168,8 +169,7 @@ TEST_P(OutOfMemoryInReadDocument, IsThrownOrTheTextIsRefusedAsEver) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Entrances, OutOfMemoryInReadDocument,
-                         testing::Values(k_memory, k_stream, k_file),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         testing::Values(k_memory, k_stream, k_file), k_rowName);
 
 TEST(OutOfMemoryInReadDocument, IsThrownForAFileThatIsNotThere) {
     std::string message;

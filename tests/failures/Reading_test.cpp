@@ -20,6 +20,7 @@
 #include "failures/outOfMemory.h"
 #include "failures/richTree.h"
 #include "support/dump.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -85,8 +86,6 @@ std::string dumpAndDelete(Element* element) {
     return dump(*std::unique_ptr<Element>(element));
 }
 
-const auto k_name = [](const auto& row) { return std::string(row.param.name); };
-
 INSTANTIATE_TEST_SUITE_P(
     Element, OutOfMemoryInAReading,
     testing::Values(
@@ -142,7 +141,7 @@ INSTANTIATE_TEST_SUITE_P(
                 [](const Element& e) {
                     return wide([&](auto& out) { e.at(k_long).at("inner").at(2).writeTo(out); });
                 }}),
-    k_name);
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Path, OutOfMemoryInAReading,
@@ -185,7 +184,7 @@ INSTANTIATE_TEST_SUITE_P(
                 }},
         Reading{"Construction", [](const Element&) { return Path(k_long.c_str()) + Path(k_long); }},
         Reading{"Copy", [](const Element&) { return Path(k_deep); }}),
-    k_name);
+    k_rowName);
 
 const BasicNumber& numberIn(const Element& root, const char* key) {
     return root.at(key).getNumberValue().value();
@@ -198,7 +197,7 @@ BasicNumber fromText(const char* text) {
 }
 
 template <class T>
-std::string textOf(T value) {
+std::string numberText(T value) {
     BasicNumber number;
     number.set(value);
     return number.toString() + k_long;
@@ -225,17 +224,17 @@ INSTANTIATE_TEST_SUITE_P(
                         [&](auto& out) { numberIn(e, "number").toDecNumber().writeTo(out); });
                 }},
         Reading{"TextOfASignedNumber",
-                [](const Element&) { return textOf(-1234567890123456789LL); }},
+                [](const Element&) { return numberText(-1234567890123456789LL); }},
         Reading{"TextOfAnUnsignedNumber",
-                [](const Element&) { return textOf(12345678901234567890ULL); }},
-        Reading{"TextOfADouble", [](const Element&) { return textOf(1e-300); }},
+                [](const Element&) { return numberText(12345678901234567890ULL); }},
+        Reading{"TextOfADouble", [](const Element&) { return numberText(1e-300); }},
         Reading{"BinaryFormOfBlanksAndDigits",
-                [](const Element&) { return textOf(fromText("          1234567").toInt()); }},
+                [](const Element&) { return numberText(fromText("          1234567").toInt()); }},
         Reading{"CompareWithAText",
                 [](const Element&) {
                     return yesOrNo(BasicNumber::compare(0.5, "0.50000000000000000000001") < 0);
                 }}),
-    k_name);
+    k_rowName);
 
 template <class Value>
 Reading named(const char* name, Value value) {
@@ -250,6 +249,6 @@ INSTANTIATE_TEST_SUITE_P(Enumerators, OutOfMemoryInAReading,
                                          named("BinaryForm", BasicNumber::ebBigDecimal),
                                          named("StateOfAPathParser", PathParser::esArrayInit),
                                          named("StateOfAPathGenerator", PathGenerator::esArray)),
-                         k_name);
+                         k_rowName);
 
 }  // namespace

@@ -23,6 +23,7 @@
 #include "failures/richTree.h"
 #include "support/NumberOf.h"
 #include "support/dump.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -99,8 +100,6 @@ void readFrom(Element& element) {
     element.readFrom(in);
 }
 
-const auto k_name = [](const auto& row) { return std::string(row.param.name); };
-
 INSTANTIATE_TEST_SUITE_P(
     Element, OutOfMemoryInARefusal,
     testing::Values(
@@ -141,7 +140,7 @@ INSTANTIATE_TEST_SUITE_P(
         Refusal{"ReadingAnArray", [](Element& e) { readFrom(e.at("list")); },
                 k_unreadable + "Array."},
         Refusal{"ReadingAnObject", [](Element& e) { readFrom(e); }, k_unreadable + "Object."}),
-    k_name);
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Path, OutOfMemoryInARefusal,
@@ -190,7 +189,7 @@ INSTANTIATE_TEST_SUITE_P(
                 notFound("meta.schema.properties.text.default", "text")},
         Refusal{"GetUsingDefault", [](Element& e) { e.getUsingDefault("text"); },
                 notFound("meta.schema.properties.text.default", "text")}),
-    k_name);
+    k_rowName);
 
 /// A number of more digits than any integer has, made anew for each try.
 BasicNumber huge() {
@@ -236,7 +235,7 @@ INSTANTIATE_TEST_SUITE_P(
                     out << Dom();
                 },
                 "Generator: document has no root!"}),
-    k_name);
+    k_rowName);
 
 // The exception is raised once only; one that could not be made counts as not raised.
 TEST(OutOfMemoryInARefusal, LeavesATextOutOfRangeToBeRefusedLater) {

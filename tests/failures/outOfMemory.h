@@ -12,6 +12,9 @@
 /// Too long to be kept inside a string, so that each copy allocates.
 inline const std::string k_long = "a text that is too long to be kept inside the string";
 
+/// A key that nothing has yet.
+inline const std::string k_newKey = "new key " + k_long;
+
 /// Calls `prepare` and `action` again and again, while the 1st, 2nd, 3rd... allocation of `action`
 /// throws, until that finishes, and `check` after each failure. Returns how often it failed.
 long failEachAllocation(const std::function<void()>& prepare, const std::function<void()>& action,

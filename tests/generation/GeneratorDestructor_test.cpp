@@ -13,6 +13,7 @@
 
 #include <zo/Tessera/Exception.h>
 
+#include "generation/noStream.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -20,8 +21,6 @@ using namespace zo::Tessera;
 static_assert(!std::is_nothrow_destructible_v<Generator>);
 
 namespace {
-
-const char* const k_noStream = "Generator: output stream not set!";
 
 class Derived : public Generator {
 public:

@@ -13,6 +13,7 @@
 
 #include "generation/KindOnly.h"
 #include "generation/written.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -23,10 +24,6 @@ struct Entrance {
     const char* name;
     std::string (*write)(const Dom&);
 };
-
-std::string entranceName(const testing::TestParamInfo<Entrance>& row) {
-    return row.param.name;
-}
 
 // Every way to write a document, in line breaks.
 const auto k_entrances = testing::Values(
@@ -164,7 +161,7 @@ TEST_P(DocumentText, NeedsARootAgainOnceItIsTaken) {
     EXPECT_EQ(thrown<Exception>([&] { write(dom); }), "Generator: document has no root!");
 }
 
-INSTANTIATE_TEST_SUITE_P(Generator, DocumentText, k_entrances, entranceName);
+INSTANTIATE_TEST_SUITE_P(Generator, DocumentText, k_entrances, k_rowName);
 
 TEST(DocumentStatus, IsThatOfTheLastEvent) {
     Dom dom;

@@ -2,24 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <sstream>
 #include <string>
-#include <utility>
 
 #include <zo/Tessera/Dom.h>
 #include <zo/Tessera/Element.h>
 #include <zo/Tessera/TBasicElement.h>
 
+#include "generation/documentOf.h"
+#include "support/rowName.h"
+
 using namespace zo::Tessera;
 
 namespace {
-
-Dom documentOf(std::unique_ptr<Element> root) {
-    Dom dom;
-    dom.setRoot(std::move(root));
-    return dom;
-}
 
 // Callers reserve room in a string and rely on its tail being left alone.
 struct Over {
@@ -51,7 +46,7 @@ INSTANTIATE_TEST_SUITE_P(Generator, GeneratorEncodeOver,
                                          Over{"EquallyLong", "vwxyz", "\"ab\"\n"},
                                          Over{"OneLonger", "uvwxyz", "\"ab\"\nz"},
                                          Over{"Longer", "a longer text", "\"ab\"\nger text"}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 TEST(GeneratorEncodeToString, KeepsATailWithEmbeddedZeros) {
     std::string out("abcdef\0gh", 9);

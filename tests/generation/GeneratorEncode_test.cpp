@@ -2,31 +2,25 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <sstream>
 #include <stdexcept>
 #include <string>
-#include <utility>
 
 #include <zo/Tessera/Dom.h>
 #include <zo/Tessera/Element.h>
 #include <zo/Tessera/Exception.h>
 
 #include "generation/KindOnly.h"
+#include "generation/documentOf.h"
+#include "generation/noStream.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
 
 namespace {
 
-const char* const k_noStream = "Generator: output stream not set!";
 const char* const k_noRoot = "Generator: document has no root!";
-
-Dom documentOf(std::unique_ptr<Element> root) {
-    Dom dom;
-    dom.setRoot(std::move(root));
-    return dom;
-}
 
 class Broken : public KindOnly {
 public:
@@ -164,7 +158,7 @@ INSTANTIATE_TEST_SUITE_P(
                                [](Generator& generator, const Element& element) {
                                    generator.encode(element);
                                }}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(GeneratorAfterEncode, OfADocumentWithoutARootLeavesTheTextAndNoStream) {
     std::ostringstream former;

@@ -9,6 +9,7 @@
 #include <zo/Tessera/BasicNumber.h>
 
 #include "generation/written.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -18,11 +19,6 @@ static_assert(!std::is_copy_assignable_v<Generator>);
 static_assert(!std::is_convertible_v<std::ostream*, Generator>);
 
 namespace {
-
-template <class Row>
-std::string rowName(const testing::TestParamInfo<Row>& row) {
-    return row.param.name;
-}
 
 // One scalar event and the text of its value, wherever it stands.
 struct Scalar {
@@ -94,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Scalar{"EmptyString", [](Generator& g) { return g.gen_string(""); }, "\"\""},
                     Scalar{"PrintedString", [](Generator& g) { return g.printString("text"); },
                            "\"text\""}),
-    rowName<Scalar>);
+    k_rowName);
 
 // Containers made of single events. Nothing is ever indented.
 struct Layouts {
@@ -187,6 +183,6 @@ INSTANTIATE_TEST_SUITE_P(
                 "{\"list\":[{\"deep\":true},null],\"last\":\"one\"}"},
         // The end of the line comes with the end of the document alone.
         Layouts{"UnfinishedDocument", emitUnfinished, "[\n1", "[1"}),
-    rowName<Layouts>);
+    k_rowName);
 
 }  // namespace

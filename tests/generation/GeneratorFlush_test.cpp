@@ -10,13 +10,12 @@
 #include <zo/Tessera/Element.h>
 #include <zo/Tessera/Exception.h>
 
+#include "generation/noStream.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
 
 namespace {
-
-const char* const k_noStream = "Generator: output stream not set!";
 
 TEST(GeneratorFlush, NothingReachesTheStreamBefore) {
     std::ostringstream out;

@@ -14,15 +14,11 @@
 
 #include "generation/written.h"
 #include "support/HostileLocale.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
 namespace {
-
-template <class Row>
-std::string rowName(const testing::TestParamInfo<Row>& row) {
-    return row.param.name;
-}
 
 std::string doubleText(double number) {
     return written(Layout::oneLine, [&](Generator& g) { EXPECT_EQ(g.gen_double(number), 0); });
@@ -57,7 +53,7 @@ INSTANTIATE_TEST_SUITE_P(
         Double{"SmallestNormal", std::numeric_limits<double>::min(), "2.2250738585072013831e-308"},
         Double{"SmallestOfAll", std::numeric_limits<double>::denorm_min(),
                "4.9406564584124654418e-324"}),
-    rowName<Double>);
+    k_rowName);
 
 // The text of a number is written as it is, whatever it says.
 struct NumberText {
@@ -92,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(
                                "0.1000000000000000055511151231257827021181583404541"},
                     NumberText{"BeyondDouble", "1e999"}, NumberText{"NoNumberAtAll", "abc"},
                     NumberText{"QuoteAndLineFeedUnescaped", "\"\n"}, NumberText{"Empty", ""}),
-    rowName<NumberText>);
+    k_rowName);
 
 TEST(GeneratorNumbers, AnEmptyTextStillTakesAPlace) {
     BasicNumber empty;

@@ -10,6 +10,7 @@
 #include <zo/Tessera/Element.h>
 
 #include "generation/written.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -20,24 +21,16 @@ constexpr int k_keysMustBeStrings = 1;
 constexpr int k_complete = 4;
 constexpr int k_invalidNumber = 5;
 
-int emitNumber(Generator& generator) {
-    return generator.gen_number(BasicNumber());
-}
-
 struct Event {
     const char* name;
     int (*emit)(Generator&);
 };
 
-std::string eventName(const testing::TestParamInfo<Event>& row) {
-    return row.param.name;
-}
-
 const Event k_null{"Null", [](Generator& g) { return g.gen_null(); }};
 const Event k_bool{"Bool", [](Generator& g) { return g.gen_bool(true); }};
 const Event k_integer{"Integer", [](Generator& g) { return g.gen_integer(1); }};
 const Event k_double{"Double", [](Generator& g) { return g.gen_double(1.0); }};
-const Event k_number{"Number", emitNumber};
+const Event k_number{"Number", [](Generator& g) { return g.gen_number(BasicNumber()); }};
 const Event k_objectOpen{"ObjectOpen", [](Generator& g) { return g.gen_object_open(); }};
 const Event k_arrayOpen{"ArrayOpen", [](Generator& g) { return g.gen_array_open(); }};
 const Event k_string{"String", [](Generator& g) { return g.gen_string("s"); }};
@@ -70,7 +63,7 @@ TEST_P(WhereAKeyMustCome, TheEventIsRefusedAndLost) {
 INSTANTIATE_TEST_SUITE_P(Generator, WhereAKeyMustCome,
                          testing::Values(k_null, k_bool, k_integer, k_double, k_number, k_nan,
                                          k_objectOpen, k_arrayOpen),
-                         eventName);
+                         k_rowName);
 
 class AfterTheDocument : public testing::TestWithParam<Event> {};
 
@@ -106,7 +99,7 @@ INSTANTIATE_TEST_SUITE_P(Generator, AfterTheDocument,
                          testing::Values(k_null, k_bool, k_integer, k_double, k_number, k_nan,
                                          k_objectOpen, k_arrayOpen, k_string, k_printString,
                                          k_objectClose, k_arrayClose),
-                         eventName);
+                         k_rowName);
 
 class NumberWithoutText : public testing::TestWithParam<Event> {};
 
@@ -135,7 +128,7 @@ TEST_P(NumberWithoutText, LeavesItsKeyWaitingForAValue) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Generator, NumberWithoutText,
-                         testing::Values(k_nan, k_infinity, k_minusInfinity), eventName);
+                         testing::Values(k_nan, k_infinity, k_minusInfinity), k_rowName);
 
 // A close that finds nothing open must not reach the token writer, whose depth would wrap.
 class CloseTooMany : public testing::TestWithParam<Event> {};
@@ -182,7 +175,7 @@ TEST_P(CloseTooMany, ButEachOpenContainerCanBeClosedByEitherClose) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Generator, CloseTooMany, testing::Values(k_objectClose, k_arrayClose),
-                         eventName);
+                         k_rowName);
 
 TEST(GeneratorStatus, AKeyWithoutAValueDoesNotHinderTheClose) {
     const auto emit = [](Generator& generator) {

@@ -9,6 +9,7 @@
 #include <zo/Tessera/Object.h>
 
 #include "generation/written.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -64,7 +65,7 @@ INSTANTIATE_TEST_SUITE_P(
         Text{"CutOffSequence", "\xe2\x82", "\xe2\x82"},
         Text{"BytesThatAreNeverUtf8", "\xc0\xaf\xfe\xff", "\xc0\xaf\xfe\xff"},
         Text{"EscapeBesideInvalidByte", "\xff\"\n\xff", "\xff\\\"\\n\xff"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(GeneratorStrings, EveryOtherByteIsWrittenAsItIs) {
     for (int byte = 0x20; byte < 0x100; ++byte) {

@@ -16,6 +16,7 @@
 
 #include "support/HostileLocale.h"
 #include "support/dump.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -263,6 +264,6 @@ INSTANTIATE_TEST_SUITE_P(Generation, RealDocument,
                                          Document{"SmallObjects", smallObjects,
                                                   "[\n{\n\"id\": 0,\n\"name\": \"n0\",\n\"z\": "},
                                          Document{"Decimals", decimals, "{\n\"rows\": [\n[\n"}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 }  // namespace

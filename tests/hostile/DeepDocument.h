@@ -57,6 +57,9 @@ private:
     Nesting m_nesting;
 };
 
+/// Of both kinds of containers; the root is an array, which holds an object.
+inline const DeepDocument k_mixed(Nesting::inTurn);
+
 /// The last of the elements of which each is alone in the one before.
 zo::Tessera::Element& deepestOf(zo::Tessera::Element& root);
 

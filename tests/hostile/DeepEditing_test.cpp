@@ -21,8 +21,6 @@ namespace {
 
 using Owner = std::unique_ptr<Element>;
 
-const DeepDocument k_mixed(Nesting::inTurn);
-
 Owner emptyContainer(bool isArray) {
     return isArray ? array() : object();
 }

@@ -17,8 +17,6 @@ using namespace zo::Tessera;
 
 namespace {
 
-const DeepDocument k_mixed(Nesting::inTurn);
-
 constexpr int k_keysMustBeStrings = 1;
 constexpr int k_documentIsComplete = 4;
 constexpr int k_noNumber = 5;

@@ -7,6 +7,7 @@
 
 #include "hostile/DeepDocument.h"
 #include "hostile/eachNesting.h"
+#include "hostile/million.h"
 #include "hostile/onSmallStack.h"
 #include "support/parsed.h"
 #include "support/thrown.h"
@@ -20,15 +21,6 @@ namespace {
 using Owner = std::unique_ptr<Element>;
 
 const DeepDocument k_objects(Nesting::objects);
-const DeepDocument k_mixed(Nesting::inTurn);
-
-std::string repeated(size_t count, const std::string& text) {
-    std::string result;
-    for (size_t i = 0; i < count; ++i) {
-        result += text;
-    }
-    return result;
-}
 
 class DeepPlace : public ForEachNesting {};
 

@@ -32,9 +32,6 @@ private:
     bool& m_dead;
 };
 
-/// A document of both kinds of containers; its root is an array, which holds an object.
-const DeepDocument k_mixed(Nesting::inTurn);
-
 /// A tree with an element in its innermost container that tells when it dies.
 Owner mortalTree(const DeepDocument& document, bool& dead) {
     Owner root = parsed(document.opening());

@@ -10,8 +10,10 @@
 #include <zo/Tessera/BasicNumber.h>
 #include <zo/Tessera/Exception.h>
 
+#include "hostile/million.h"
 #include "numbers/outcome.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -21,10 +23,6 @@ using namespace zo::Tessera;
 namespace {
 
 using TextOutOfRange = ValueOutOfRange<std::string, std::string>;
-
-constexpr size_t k_million = 1'000'000;
-
-const std::string k_sevens(k_million, '7');
 
 template <class T>
 std::string converted(const zo::DecNumber& number) {
@@ -57,7 +55,7 @@ std::string conversions(const BasicNumber& number) {
            outcome<float>(number) + " " + outcome<double>(number);
 }
 
-struct Row {
+struct LargeNumber {
     const char* name;
     std::string text;
     std::string decimal;  // the conversions of the decimal
@@ -73,7 +71,7 @@ constexpr const char* k_textRefused =
 // The lower bound of a floating type is its smallest positive normal value.
 constexpr const char* k_belowFloats = "0 0 0 0 0 0 0 0 0 0 refused refused";
 
-class HugeNumbers : public testing::TestWithParam<Row> {};
+class HugeNumbers : public testing::TestWithParam<LargeNumber> {};
 
 TEST_P(HugeNumbers, AreConvertedOrRefused) {
     EXPECT_EQ(conversions(zo::DecNumber(GetParam().text)), GetParam().decimal);
@@ -91,22 +89,24 @@ TEST_P(HugeNumbers, KeepTheirText) {
 INSTANTIATE_TEST_SUITE_P(
     Hostile, HugeNumbers,
     testing::Values(
-        Row{"AMillionDigits", k_sevens, k_tooLarge, k_textRefused},
-        Row{"AMillionDigitsOfAFraction", "7." + k_sevens, "7 7 7 7 7 7 7 7 7 7 7.77778 7.77778",
-            "7 7 7 7 7 7 7 7 7 7 7.77777767 7.7777777777777777"},
-        Row{"AMillionDigitsPutRight", k_sevens + "e-999998",
-            "77 77 77 77 77 77 77 77 77 77 77.7778 77.7778",
-            "77 77 77 77 77 77 77 77 77 77 77.7777786 77.777777777777771"},
-        Row{"AMillionZeros", "-0." + std::string(k_million, '0') + "7", k_tooSmall, k_belowFloats},
-        Row{"NineDigitsOfExponent", "1e999999999", k_tooLarge, k_textRefused},
-        Row{"NineNegativeDigitsOfExponent", "-1e-999999999", k_tooSmall, k_belowFloats},
-        Row{"SeventeenDigitsOfExponent", "1e99999999999999999", k_tooLarge, k_textRefused},
-        Row{"SeventeenNegativeDigitsOfExponent", "-1e-99999999999999999", k_tooSmall,
-            k_belowFloats},
-        Row{"EighteenDigitsOfExponent", "1e100000000000000000", k_tooLarge, k_textRefused},
-        Row{"EighteenNegativeDigitsOfExponent", "-1e-100000000000000000", k_tooSmall,
-            k_belowFloats}),
-    [](const auto& row) { return std::string(row.param.name); });
+        LargeNumber{"AMillionDigits", k_sevens, k_tooLarge, k_textRefused},
+        LargeNumber{"AMillionDigitsOfAFraction", "7." + k_sevens,
+                    "7 7 7 7 7 7 7 7 7 7 7.77778 7.77778",
+                    "7 7 7 7 7 7 7 7 7 7 7.77777767 7.7777777777777777"},
+        LargeNumber{"AMillionDigitsPutRight", k_sevens + "e-999998",
+                    "77 77 77 77 77 77 77 77 77 77 77.7778 77.7778",
+                    "77 77 77 77 77 77 77 77 77 77 77.7777786 77.777777777777771"},
+        LargeNumber{"AMillionZeros", "-0." + std::string(k_million, '0') + "7", k_tooSmall,
+                    k_belowFloats},
+        LargeNumber{"NineDigitsOfExponent", "1e999999999", k_tooLarge, k_textRefused},
+        LargeNumber{"NineNegativeDigitsOfExponent", "-1e-999999999", k_tooSmall, k_belowFloats},
+        LargeNumber{"SeventeenDigitsOfExponent", "1e99999999999999999", k_tooLarge, k_textRefused},
+        LargeNumber{"SeventeenNegativeDigitsOfExponent", "-1e-99999999999999999", k_tooSmall,
+                    k_belowFloats},
+        LargeNumber{"EighteenDigitsOfExponent", "1e100000000000000000", k_tooLarge, k_textRefused},
+        LargeNumber{"EighteenNegativeDigitsOfExponent", "-1e-100000000000000000", k_tooSmall,
+                    k_belowFloats}),
+    k_rowName);
 
 TEST(HugeNumbersInOrder, AreToldApart) {
     const std::string texts[] = {"-1e100000000000000000",  "-1e99999999999999999",

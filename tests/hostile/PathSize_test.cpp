@@ -5,6 +5,7 @@
 
 #include <zo/Tessera.h>
 
+#include "hostile/million.h"
 #include "support/NumberOf.h"
 #include "support/thrown.h"
 
@@ -15,16 +16,6 @@ using namespace zo::Tessera;
 namespace {
 
 using Owner = std::unique_ptr<Element>;
-
-constexpr size_t k_million = 1'000'000;
-
-std::string repeated(size_t count, const std::string& text) {
-    std::string result;
-    for (size_t i = 0; i < count; ++i) {
-        result += text;
-    }
-    return result;
-}
 
 const std::string k_long(k_million, 'k');
 

@@ -33,7 +33,7 @@ constexpr size_t k_size = 20'000'000;
 // Where each of many small ones could cost what stands behind it, or before it.
 constexpr size_t k_smallSize = k_size / 10;
 
-std::string repeated(std::string_view unit, size_t size = k_size) {
+std::string longText(std::string_view unit, size_t size = k_size) {
     std::string text;
     text.reserve(size + unit.size());
     while (text.size() < size) {
@@ -72,7 +72,7 @@ size_t refusalColumn(const std::string& text) {
 }
 
 TEST(LongStringOfADocument, IsRead) {
-    const std::string string = repeated("x");
+    const std::string string = longText("x");
     EXPECT_TRUE(fromStream("[\"" + string + "\"]").root()->at(0).getStringValue().value() ==
                 string);
     EXPECT_TRUE(readDocument("\"" + string + '"').root()->getStringValue().value() == string);
@@ -81,65 +81,65 @@ TEST(LongStringOfADocument, IsRead) {
 TEST(LongStringOfADocument, IsReadOfEscapesAndCharacters) {
     ReadOptions options;
     options.checkUtf8 = true;
-    const Dom document = fromStream("\"" + repeated("\\u20ac\xE2\x82\xAC") + '"', options);
+    const Dom document = fromStream("\"" + longText("\\u20ac\xE2\x82\xAC") + '"', options);
     const std::string& read = document.root()->getStringValue().value();
-    EXPECT_TRUE(read == repeated("\xE2\x82\xAC\xE2\x82\xAC").substr(0, read.size()));
+    EXPECT_TRUE(read == longText("\xE2\x82\xAC\xE2\x82\xAC").substr(0, read.size()));
     EXPECT_EQ(read.size(), (k_size + 8) / 9 * 6);
 }
 
 TEST(LongStringOfADocument, IsRefusedWhereItBreaks) {
-    EXPECT_EQ(refusalColumn('"' + repeated("x")), k_size + 2);
-    EXPECT_EQ(refusalColumn('"' + repeated("x") + "\v\""), k_size + 2);
-    EXPECT_EQ(refusalColumn('"' + repeated("x") + "\"x"), k_size + 3);
+    EXPECT_EQ(refusalColumn('"' + longText("x")), k_size + 2);
+    EXPECT_EQ(refusalColumn('"' + longText("x") + "\v\""), k_size + 2);
+    EXPECT_EQ(refusalColumn('"' + longText("x") + "\"x"), k_size + 3);
 }
 
 TEST(LongKeyOfADocument, IsRead) {
-    const std::string key = repeated("k");
+    const std::string key = longText("k");
     const Dom document = fromStream("{\"" + key + "\":1,\"" + key + "2\":2}");
     EXPECT_TRUE(document.root()->at(key).key() == key);
     EXPECT_EQ(document.root()->size(), 2U);
 }
 
 TEST(LongNumberOfADocument, IsRead) {
-    const std::string digits = repeated("7");
+    const std::string digits = longText("7");
     EXPECT_TRUE(fromStream(digits).root()->getNumberValue().value().toString() == digits);
     EXPECT_EQ(refusalColumn(digits + "."), k_size + 2);
 }
 
 TEST(LongCommentOfADocument, IsSkipped) {
     for (const char* const unit : {"x", "*", "/", "* /", "\v", "\f\v", "\r", "\"", "*\v"}) {
-        expectOneAndTwo("[1,/* " + repeated(unit, k_smallSize) + " */2]");
+        expectOneAndTwo("[1,/* " + longText(unit, k_smallSize) + " */2]");
     }
     for (const char* const unit : {"x", "/", "*/", "\v", "\f\v", "\""}) {
-        expectOneAndTwo("[1,//" + repeated(unit, k_smallSize) + "\n2]");
+        expectOneAndTwo("[1,//" + longText(unit, k_smallSize) + "\n2]");
     }
-    expectOneAndTwo("/*" + repeated("\v") + "*/[1,2]//" + repeated("x"));
+    expectOneAndTwo("/*" + longText("\v") + "*/[1,2]//" + longText("x"));
 }
 
 TEST(LongCommentOfADocument, IsRefusedWhereItEndsTheText) {
-    EXPECT_EQ(refusalColumn("[1] /*" + repeated("\v", k_smallSize)), k_smallSize + 7);
-    EXPECT_EQ(refusalColumn("/*" + repeated("x")), k_size + 3);
+    EXPECT_EQ(refusalColumn("[1] /*" + longText("\v", k_smallSize)), k_smallSize + 7);
+    EXPECT_EQ(refusalColumn("/*" + longText("x")), k_size + 3);
 }
 
 TEST(ManyCommentsOfADocument, AreSkipped) {
     for (const char* const unit : {"/**/", "/*\v*/", "//\f\n", "/*\v\f*///\v\n", "//\n/*\v*/ "}) {
-        expectOneAndTwo("[1," + repeated(unit, k_smallSize) + "2]//\v");
+        expectOneAndTwo("[1," + longText(unit, k_smallSize) + "2]//\v");
     }
 }
 
 TEST(ManyOddBlanksOfADocument, AreSkipped) {
     ReadOptions options;
     options.refuseOddBlanks = false;
-    expectOneAndTwo(repeated("\v", k_smallSize) + "[1," + repeated("\f \v", k_smallSize) + "2]",
+    expectOneAndTwo(longText("\v", k_smallSize) + "[1," + longText("\f \v", k_smallSize) + "2]",
                     options);
 }
 
 TEST(ManyBlanksOfADocument, AreSkipped) {
     for (const char* const unit : {" ", "\n", "\r\n", "\t \r"}) {
-        expectOneAndTwo(repeated(unit, k_smallSize) + "[1," + repeated(unit, k_smallSize) + "2]" +
-                        repeated(unit, k_smallSize));
+        expectOneAndTwo(longText(unit, k_smallSize) + "[1," + longText(unit, k_smallSize) + "2]" +
+                        longText(unit, k_smallSize));
     }
-    expectOneAndTwo("[1," + repeated(" ") + "2]");
+    expectOneAndTwo("[1," + longText(" ") + "2]");
 }
 
 /// Notes where its readers want the text.
@@ -164,7 +164,7 @@ private:
 
 // The tokeniser starts a token again whenever a piece ends within it.
 TEST(LongStringOfADocument, IsGatheredBeforeItIsParsed) {
-    const std::string text = '"' + repeated("x") + '"';
+    const std::string text = '"' + longText("x") + '"';
     Places buffer(text);
     std::istream in(&buffer);
     EXPECT_EQ(readDocument(in).root()->getStringValue().value().size(), k_size);
@@ -172,7 +172,7 @@ TEST(LongStringOfADocument, IsGatheredBeforeItIsParsed) {
 }
 
 TEST(ManyBlanksOfADocument, AreNotGathered) {
-    const std::string text = "[1," + repeated(" ") + "2]" + repeated("\n");
+    const std::string text = "[1," + longText(" ") + "2]" + longText("\n");
     Places buffer(text);
     std::istream in(&buffer);
     EXPECT_EQ(readDocument(in).root()->size(), 2U);
@@ -180,7 +180,7 @@ TEST(ManyBlanksOfADocument, AreNotGathered) {
 }
 
 TEST(ManyTokensOfADocument, AreNotGathered) {
-    const std::string text = "[1" + repeated(",\"a\",[0]") + "]";
+    const std::string text = "[1" + longText(",\"a\",[0]") + "]";
     Places buffer(text);
     std::istream in(&buffer);
     EXPECT_EQ(readDocument(in).root()->size(), 1 + (text.size() - 3) / 4);
@@ -200,7 +200,7 @@ TEST(ManyKeysOfADocument, AreToldApart) {
 }
 
 TEST(ManyKeysOfADocument, OfOneNameReplaceEachOther) {
-    const Dom document = fromStream("{\"a\":0" + repeated(",\"b\":[{}]") + ",\"c\":2}");
+    const Dom document = fromStream("{\"a\":0" + longText(",\"b\":[{}]") + ",\"c\":2}");
     EXPECT_EQ(document.root()->size(), 3U);
     EXPECT_EQ(document.root()->at("b").at(0).parent(), &document.root()->at("b"));
 }

@@ -6,6 +6,7 @@
 
 #include <zo/Tessera.h>
 
+#include "hostile/million.h"
 #include "support/parsed.h"
 #include "support/thrown.h"
 
@@ -16,8 +17,6 @@ using namespace zo::Tessera;
 namespace {
 
 using Owner = std::unique_ptr<Element>;
-
-constexpr size_t k_million = 1'000'000;
 
 Owner readFromStream(const std::string& text) {
     std::istringstream in(text);

@@ -13,6 +13,7 @@
 #include "forceType.h"
 #include "outcome.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -81,8 +82,6 @@ TEST_P(BigDecimalConversions, AreCheckedAndMadeExactly) {
     EXPECT_EQ(GetParam().convert(bigDecimal(GetParam().text)), GetParam().expected);
 }
 
-constexpr const char* k_no = "refused";
-
 // A decimal zero has no sign, so it is in the range of the unsigned types.
 INSTANTIATE_TEST_SUITE_P(
     Narrow, BigDecimalConversions,
@@ -111,7 +110,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Conversion{"UIntMin", outcome<unsigned>, "0", "0"},
                     Conversion{"UIntMax", outcome<unsigned>, "4294967295", "4294967295"},
                     Conversion{"UIntAbove", outcome<unsigned>, "4294967296", k_no}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 template <class T>
 auto signed64Rows() {
@@ -131,14 +130,11 @@ auto unsigned64Rows() {
         Conversion{"Above", outcome<T>, "18446744073709551616", k_no});
 }
 
-INSTANTIATE_TEST_SUITE_P(Long, BigDecimalConversions, signed64Rows<long>(),
-                         [](const auto& row) { return std::string(row.param.name); });
-INSTANTIATE_TEST_SUITE_P(ULong, BigDecimalConversions, unsigned64Rows<unsigned long>(),
-                         [](const auto& row) { return std::string(row.param.name); });
-INSTANTIATE_TEST_SUITE_P(LongLong, BigDecimalConversions, signed64Rows<long long>(),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Long, BigDecimalConversions, signed64Rows<long>(), k_rowName);
+INSTANTIATE_TEST_SUITE_P(ULong, BigDecimalConversions, unsigned64Rows<unsigned long>(), k_rowName);
+INSTANTIATE_TEST_SUITE_P(LongLong, BigDecimalConversions, signed64Rows<long long>(), k_rowName);
 INSTANTIATE_TEST_SUITE_P(ULongLong, BigDecimalConversions, unsigned64Rows<unsigned long long>(),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 // The bounds are the shortest decimals that read back to those of the type.
 INSTANTIATE_TEST_SUITE_P(
@@ -157,7 +153,7 @@ INSTANTIATE_TEST_SUITE_P(
         Conversion{"DoubleMax", outcome<double>, "1.7976931348623157e308",
                    "1.7976931348623157e+308"},
         Conversion{"DoubleAbove", outcome<double>, "1.7976931348623158e308", k_no}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(BigDecimalConversions, NameTheTextInTheRefusal) {
     EXPECT_EQ((thrown<ValueOutOfRange<BasicNumber, short>>([] { bigDecimal("4.00e4").toShort(); })),

@@ -9,6 +9,7 @@
 #include <zo/Tessera/Exception.h>
 
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -43,7 +44,7 @@ INSTANTIATE_TEST_SUITE_P(
                     IntegerText{"MinusZero", "-0", BasicNumber::ebLongLong, "0"},
                     IntegerText{"LeadingZeros", "007", BasicNumber::ebULongLong, "7"},
                     IntegerText{"MinusLeadingZeros", "-007", BasicNumber::ebLongLong, "-7"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 // A text that begins with anything but a minus is unsigned, whatever follows.
 INSTANTIATE_TEST_SUITE_P(
@@ -67,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(
                                 "\xC2\xA0"
                                 "5",
                                 BasicNumber::ebULongLong, "0"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     OddEnd, IntegerTexts,
@@ -84,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(
                     IntegerText{"Groups", "1,234,567", BasicNumber::ebULongLong, "1"},
                     IntegerText{"Hexadecimal", "0x1F", BasicNumber::ebULongLong, "0"},
                     IntegerText{"MinusHexadecimal", "-0x1F", BasicNumber::ebLongLong, "0"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     NoDigits, IntegerTexts,
@@ -97,14 +98,14 @@ INSTANTIATE_TEST_SUITE_P(
                     IntegerText{"MinusInfinity", "-inf", BasicNumber::ebLongLong, "0"},
                     IntegerText{"NotANumber", "nan", BasicNumber::ebULongLong, "0"},
                     IntegerText{"WideDigit", "\xEF\xBC\x95", BasicNumber::ebULongLong, "0"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 // Extraction that meets the end before anything else stores nothing.
 INSTANTIATE_TEST_SUITE_P(Nothing, IntegerTexts,
                          testing::Values(IntegerText{"Blank", " ", BasicNumber::ebULongLong, "77"},
                                          IntegerText{"Blanks", " \t\n ", BasicNumber::ebULongLong,
                                                      "77"}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 struct DoubleText {
     const char* name;
@@ -139,7 +140,7 @@ INSTANTIATE_TEST_SUITE_P(
                     DoubleText{"Underflow", "1e-400", 0.0},
                     DoubleText{"Largest", "1.7976931348623157e308", 1.7976931348623157e308},
                     DoubleText{"LongZeros", "0." + std::string(400, '0') + "1e401", 1.0}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Odd, DoubleTexts,
@@ -155,7 +156,7 @@ INSTANTIATE_TEST_SUITE_P(
         DoubleText{"OnlyE", "e", 0.0}, DoubleText{"OnlyPoint", ".", 0.0},
         DoubleText{"ExponentAlone", "e5", 0.0}, DoubleText{"WordWithE", "true", 0.0},
         DoubleText{"Null", std::string("1\0e5", 4), 1.0}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 // A hexadecimal text is a double only when one of ".eE" happens to be in it.
 INSTANTIATE_TEST_SUITE_P(Hexadecimal, DoubleTexts,
@@ -165,7 +166,7 @@ INSTANTIATE_TEST_SUITE_P(Hexadecimal, DoubleTexts,
                                          DoubleText{"PointAndExponent", "0x1.8p1", 3.0},
                                          DoubleText{"PointFirst", "0x.8", 0.5},
                                          DoubleText{"NoDigit", "0xg.e", 0.0}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 class NanTexts : public testing::TestWithParam<const char*> {};
 

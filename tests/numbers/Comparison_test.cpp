@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <limits>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -12,6 +11,8 @@
 #include <zo/Tessera/Exception.h>
 
 #include "support/NumberOf.h"
+#include "support/notFinite.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -23,8 +24,6 @@ static_assert(std::is_same_v<decltype(BasicNumber().compare(BasicNumber())), int
 constexpr long long k_minSigned = -9223372036854775807LL - 1;
 constexpr long long k_maxSigned = 9223372036854775807LL;
 constexpr unsigned long long k_maxUnsigned = 18446744073709551615ULL;
-constexpr double k_nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double k_infinity = std::numeric_limits<double>::infinity();
 
 /// The operand of the members and functions for built-in values.
 /// @{
@@ -94,14 +93,14 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Pair{"Smaller", -2, 1, -1, 1}, Pair{"Equal", -2, -2, 0, 0},
                     Pair{"Zeros", 0, 0LL, 0, 0}, Pair{"Far", k_minSigned, k_maxSigned, -1, 1},
                     Pair{"Exact", 9007199254740992LL, 9007199254740993LL, -1, 1}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(UnsignedWithUnsigned, ComparedPairs,
                          testing::Values(Pair{"Smaller", 1U, 2U, -1, 1},
                                          Pair{"Equal", 2U, "2", 0, 0}, Pair{"Zeros", 0U, "0", 0, 0},
                                          Pair{"Far", 0U, k_maxUnsigned, -1, 1},
                                          Pair{"Exact", k_maxUnsigned - 1, k_maxUnsigned, -1, 1}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 // A signed 0 is smaller than the unsigned 0: the refusal of signed zeros by the unsigned
 // conversions rests on it.
@@ -116,7 +115,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Pair{"LargestEqual", k_maxSigned, 9223372036854775807ULL, 0, 0},
                     Pair{"LargestSmaller", k_maxSigned, 9223372036854775808ULL, -1, 1},
                     Pair{"SmallestWithTheSameBits", k_minSigned, 9223372036854775808ULL, -1, 1}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     SignedWithDouble, ComparedPairs,
@@ -129,7 +128,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Pair{"Infinity", k_maxSigned, k_infinity, -1, 1},
                     Pair{"MinusInfinity", k_minSigned, -k_infinity, 1, -1},
                     Pair{"NotANumber", 5, k_nan, 0, 0}, Pair{"Text", 5, "5.1", -1, 1}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     UnsignedWithDouble, ComparedPairs,
@@ -144,7 +143,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Pair{"Infinity", k_maxUnsigned, k_infinity, -1, 1},
                     Pair{"MinusInfinity", 0U, -k_infinity, 1, -1},
                     Pair{"NotANumber", 0U, k_nan, 0, 0}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(DoubleWithDouble, ComparedPairs,
                          testing::Values(Pair{"Smaller", -1.5, 1.25, -1, 1},
@@ -156,7 +155,7 @@ INSTANTIATE_TEST_SUITE_P(DoubleWithDouble, ComparedPairs,
                                          Pair{"NotANumber", k_nan, 1.5, 0, 0},
                                          Pair{"NotANumberWithInfinity", k_nan, k_infinity, 0, 0},
                                          Pair{"TwoNotANumber", k_nan, k_nan, 0, 0}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 TEST(Comparison, OfANumberWithItselfIsZero) {
     for (const char* text : {"5", "-5", "0", "0.5"}) {

@@ -10,6 +10,7 @@
 
 #include "forceType.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -101,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(BasicNumber, CopyOfANumber,
                                                     copy = std::move(source);
                                                     return copy;
                                                 }}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 TEST(CopiesOfANumber, AreIndependent) {
     BasicNumber number = numberOf("12");
@@ -159,7 +160,7 @@ INSTANTIATE_TEST_SUITE_P(
         OwnText{"PointerInsideAndLength",
                 [](BasicNumber& number) { number.set(number.toString().c_str() + 1, 10); },
                 "1234567890"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(SetFromOwnText, MakesTheTextOfABinaryNumberTheOnlyForm) {
     BasicNumber number = numberOf(1234567.0);

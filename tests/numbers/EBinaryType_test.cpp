@@ -7,6 +7,8 @@
 #include <string>
 #include <type_traits>
 
+#include "support/rowName.h"
+
 using namespace zo::Tessera;
 
 namespace {
@@ -53,7 +55,7 @@ INSTANTIATE_TEST_SUITE_P(
                     NamedType{"MinusOne", -1, ">>Unknown<<", L">>Unknown<<"},
                     NamedType{"Largest", 2147483647, ">>Unknown<<", L">>Unknown<<"},
                     NamedType{"Smallest", -2147483647 - 1, ">>Unknown<<", L">>Unknown<<"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(EBinaryTypeNames, HonourAWidthOfTheStream) {
     std::ostringstream out;

@@ -5,24 +5,24 @@
 #include <cmath>
 #include <cstdlib>
 #include <limits>
-#include <string>
 
 #include "exactly.h"
 #include "support/HostileLocale.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
 namespace {
 
-struct Text {
+struct FloatingText {
     const char* name;
     const char* text;
     const char* asFloat;
     const char* asDouble;
 };
 
-class FloatingTexts : public testing::TestWithParam<Text> {};
+class FloatingTexts : public testing::TestWithParam<FloatingText> {};
 
 TEST_P(FloatingTexts, GiveTheNearestValue) {
     EXPECT_EQ(exactly<float>(numberOf(GetParam().text)), GetParam().asFloat);
@@ -37,55 +37,61 @@ TEST_P(FloatingTexts, GiveTheSameUnderAHostileLocale) {
 
 INSTANTIATE_TEST_SUITE_P(
     Ordinary, FloatingTexts,
-    testing::Values(Text{"Zero", "0", "0", "0"}, Text{"NegativeZero", "-0", "-0", "-0"},
-                    Text{"NegativeZeroWithAPoint", "-0.0", "-0", "-0"},
-                    Text{"ZeroWithAbsurdExponent", "0e99999999999999999999", "0", "0"},
-                    Text{"Integer", "42", "42", "42"}, Text{"NegativeInteger", "-42", "-42", "-42"},
-                    Text{"Plus", "+2.5", "2.5", "2.5"}, Text{"LeadingZeros", "002.5", "2.5", "2.5"},
-                    Text{"NothingBehindThePoint", "5.", "5", "5"},
-                    Text{"NothingBeforeIt", "-.5", "-0.5", "-0.5"},
-                    Text{"Exponent", "-1.5E+3", "-1500", "-1500"},
-                    Text{"OneTenth", "0.1", "0.100000001", "0.10000000000000001"},
-                    Text{"TwentyDigits", "12345678901234567890", "1.23456794e+19",
-                         "1.2345678901234567e+19"},
-                    Text{"ManyDigits", "0.333333333333333333333333333333333333333333333",
-                         "0.333333343", "0.33333333333333331"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    testing::Values(FloatingText{"Zero", "0", "0", "0"},
+                    FloatingText{"NegativeZero", "-0", "-0", "-0"},
+                    FloatingText{"NegativeZeroWithAPoint", "-0.0", "-0", "-0"},
+                    FloatingText{"ZeroWithAbsurdExponent", "0e99999999999999999999", "0", "0"},
+                    FloatingText{"Integer", "42", "42", "42"},
+                    FloatingText{"NegativeInteger", "-42", "-42", "-42"},
+                    FloatingText{"Plus", "+2.5", "2.5", "2.5"},
+                    FloatingText{"LeadingZeros", "002.5", "2.5", "2.5"},
+                    FloatingText{"NothingBehindThePoint", "5.", "5", "5"},
+                    FloatingText{"NothingBeforeIt", "-.5", "-0.5", "-0.5"},
+                    FloatingText{"Exponent", "-1.5E+3", "-1500", "-1500"},
+                    FloatingText{"OneTenth", "0.1", "0.100000001", "0.10000000000000001"},
+                    FloatingText{"TwentyDigits", "12345678901234567890", "1.23456794e+19",
+                                 "1.2345678901234567e+19"},
+                    FloatingText{"ManyDigits", "0.333333333333333333333333333333333333333333333",
+                                 "0.333333343", "0.33333333333333331"}),
+    k_rowName);
 
 // On either side of what decides: a tie, which goes to the even neighbour, and a digit beyond it.
 INSTANTIATE_TEST_SUITE_P(
     Ties, FloatingTexts,
-    testing::Values(Text{"OfAFloatDown", "16777217", "16777216", "16777217"},
-                    Text{"OfAFloatUp", "16777219", "16777220", "16777219"},
-                    Text{"OfAFloatExceeded", "16777217.00000000000000001", "16777218", "16777217"},
-                    Text{"OfADoubleDown", "9007199254740993", "9.00719925e+15", "9007199254740992"},
-                    Text{"OfADoubleUp", "9007199254740995", "9.00719925e+15", "9007199254740996"},
-                    Text{"OfADoubleExceeded", "9007199254740993.00000000000000000001",
-                         "9.00719925e+15", "9007199254740994"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    testing::Values(
+        FloatingText{"OfAFloatDown", "16777217", "16777216", "16777217"},
+        FloatingText{"OfAFloatUp", "16777219", "16777220", "16777219"},
+        FloatingText{"OfAFloatExceeded", "16777217.00000000000000001", "16777218", "16777217"},
+        FloatingText{"OfADoubleDown", "9007199254740993", "9.00719925e+15", "9007199254740992"},
+        FloatingText{"OfADoubleUp", "9007199254740995", "9.00719925e+15", "9007199254740996"},
+        FloatingText{"OfADoubleExceeded", "9007199254740993.00000000000000000001", "9.00719925e+15",
+                     "9007199254740994"}),
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Bounds, FloatingTexts,
     testing::Values(
-        Text{"LargestFloat", "3.4028234663852886e38", "3.40282347e+38", "3.4028234663852886e+38"},
-        Text{"LargestRoundedToAFloat", "3.4028235677973366e38", "3.40282347e+38",
-             "3.4028235677973366e+38"},
-        Text{"BeyondFloat", "3.4028235677973367e38", "refused", "3.4028235677973366e+38"},
-        Text{"NegativeBeyondFloat", "-1e39", "refused", "-9.9999999999999994e+38"},
-        Text{"LargestDouble", "1.7976931348623157e308", "refused", "1.7976931348623157e+308"},
-        Text{"LargestRoundedToADouble", "-1.7976931348623158e308", "refused",
-             "-1.7976931348623157e+308"},
-        Text{"BeyondDouble", "1.7976931348623159e308", "refused", "refused"},
-        Text{"NegativeBeyondDouble", "-1e400", "refused", "refused"},
-        Text{"AbsurdExponent", "1e99999999999999999999", "refused", "refused"},
-        Text{"DenormalFloat", "1e-45", "1.40129846e-45", "9.9999999999999998e-46"},
-        Text{"TooSmallForFloat", "7e-46", "0", "7.0000000000000004e-46"},
-        Text{"DenormalDouble", "-1e-310", "-0", "-9.9999999999999694e-311"},
-        Text{"SmallestDouble", "2.4703282292062328e-324", "0", "4.9406564584124654e-324"},
-        Text{"TooSmallForDouble", "2.4703282292062327e-324", "0", "0"},
-        Text{"NegativeTooSmall", "-1e-400", "-0", "-0"},
-        Text{"AbsurdNegativeExponent", "-1e-99999999999999999999", "-0", "-0"}),
-    [](const auto& row) { return std::string(row.param.name); });
+        FloatingText{"LargestFloat", "3.4028234663852886e38", "3.40282347e+38",
+                     "3.4028234663852886e+38"},
+        FloatingText{"LargestRoundedToAFloat", "3.4028235677973366e38", "3.40282347e+38",
+                     "3.4028235677973366e+38"},
+        FloatingText{"BeyondFloat", "3.4028235677973367e38", "refused", "3.4028235677973366e+38"},
+        FloatingText{"NegativeBeyondFloat", "-1e39", "refused", "-9.9999999999999994e+38"},
+        FloatingText{"LargestDouble", "1.7976931348623157e308", "refused",
+                     "1.7976931348623157e+308"},
+        FloatingText{"LargestRoundedToADouble", "-1.7976931348623158e308", "refused",
+                     "-1.7976931348623157e+308"},
+        FloatingText{"BeyondDouble", "1.7976931348623159e308", "refused", "refused"},
+        FloatingText{"NegativeBeyondDouble", "-1e400", "refused", "refused"},
+        FloatingText{"AbsurdExponent", "1e99999999999999999999", "refused", "refused"},
+        FloatingText{"DenormalFloat", "1e-45", "1.40129846e-45", "9.9999999999999998e-46"},
+        FloatingText{"TooSmallForFloat", "7e-46", "0", "7.0000000000000004e-46"},
+        FloatingText{"DenormalDouble", "-1e-310", "-0", "-9.9999999999999694e-311"},
+        FloatingText{"SmallestDouble", "2.4703282292062328e-324", "0", "4.9406564584124654e-324"},
+        FloatingText{"TooSmallForDouble", "2.4703282292062327e-324", "0", "0"},
+        FloatingText{"NegativeTooSmall", "-1e-400", "-0", "-0"},
+        FloatingText{"AbsurdNegativeExponent", "-1e-99999999999999999999", "-0", "-0"}),
+    k_rowName);
 
 TEST(ExactFloating, IsNotReadFromATextThatIsNoDecimal) {
     for (const char* const text :

@@ -16,6 +16,7 @@
 #include "exactly.h"
 #include "forceType.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -125,7 +126,7 @@ INSTANTIATE_TEST_SUITE_P(BasicNumber, FormerValues,
                                          former("Unsigned", 42U), former("Double", 0.5),
                                          former("NaN", std::nan("")), former("Infinity", -HUGE_VAL),
                                          former("LargestDouble", 1.7976931348623157e308)),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 TEST(ExactConversion, TellsATextFromTheSameTextThatADoubleLostDigitsFor) {
     const BasicNumber text = numberOf("0.333333");

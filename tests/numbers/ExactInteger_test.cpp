@@ -11,6 +11,7 @@
 
 #include "exactly.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -98,16 +99,16 @@ INSTANTIATE_TEST_SUITE_P(
               "9223372036854775807", "9223372036854775808"},
         Range{"UnsignedLongLong", exactly<unsigned long long>, "-1", "0", "18446744073709551615",
               "18446744073709551616"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
-struct Text {
+struct ExactIntegerText {
     const char* name;
     std::string text;
     const char* asSigned;
     const char* asUnsigned;
 };
 
-class ExactIntegerTexts : public testing::TestWithParam<Text> {};
+class ExactIntegerTexts : public testing::TestWithParam<ExactIntegerText> {};
 
 TEST_P(ExactIntegerTexts, AreReadExactlyOrRefused) {
     EXPECT_EQ(exactly<long long>(numberOf(GetParam().text)), GetParam().asSigned);
@@ -117,40 +118,50 @@ TEST_P(ExactIntegerTexts, AreReadExactlyOrRefused) {
 INSTANTIATE_TEST_SUITE_P(
     Whole, ExactIntegerTexts,
     testing::Values(
-        Text{"Exponent", "1e3", "1000", "1000"}, Text{"CapitalExponent", "1E+3", "1000", "1000"},
-        Text{"PointMadeUpFor", "1.50e1", "15", "15"}, Text{"ExponentMadeUpFor", "100e-2", "1", "1"},
-        Text{"NegativeExponent", "-2500e-2", "-25", "refused"},
-        Text{"ZeroWithHugeExponent", "0e99999999999999999999", "0", "0"},
-        Text{"ZeroWithHugeNegativeExponent", "-0.00e-99999999999999999999", "0", "0"},
-        Text{"Plus", "+5", "5", "5"}, Text{"LeadingZeros", "007", "7", "7"},
-        Text{"NegativeLeadingZeros", "-007", "-7", "refused"},
-        Text{"NothingBehindThePoint", "5.", "5", "5"}, Text{"NothingBeforeIt", ".5e1", "5", "5"},
-        Text{"ThirtyLeadingZeros", "0000000000000000000000000000007", "7", "7"},
-        Text{"FractionOfZeros", "7.000000000000000000000000000000", "7", "7"},
-        Text{"ThirtyZerosAndExponent", "0.00000000000000000000000000000012e32", "12", "12"},
-        Text{"ManyZerosTakenBack", "12000000000000000000000000000000e-30", "12", "12"},
-        Text{"LargestSigned", "92233720368547758.07e2", "9223372036854775807",
-             "9223372036854775807"},
-        Text{"SmallestSigned", "-9.223372036854775808e18", "-9223372036854775808", "refused"},
-        Text{"LargestUnsigned", "1.8446744073709551615e+19", "refused", "18446744073709551615"},
-        Text{"NineteenZeros", "1e19", "refused", "10000000000000000000"}),
-    [](const auto& row) { return std::string(row.param.name); });
+        ExactIntegerText{"Exponent", "1e3", "1000", "1000"},
+        ExactIntegerText{"CapitalExponent", "1E+3", "1000", "1000"},
+        ExactIntegerText{"PointMadeUpFor", "1.50e1", "15", "15"},
+        ExactIntegerText{"ExponentMadeUpFor", "100e-2", "1", "1"},
+        ExactIntegerText{"NegativeExponent", "-2500e-2", "-25", "refused"},
+        ExactIntegerText{"ZeroWithHugeExponent", "0e99999999999999999999", "0", "0"},
+        ExactIntegerText{"ZeroWithHugeNegativeExponent", "-0.00e-99999999999999999999", "0", "0"},
+        ExactIntegerText{"Plus", "+5", "5", "5"}, ExactIntegerText{"LeadingZeros", "007", "7", "7"},
+        ExactIntegerText{"NegativeLeadingZeros", "-007", "-7", "refused"},
+        ExactIntegerText{"NothingBehindThePoint", "5.", "5", "5"},
+        ExactIntegerText{"NothingBeforeIt", ".5e1", "5", "5"},
+        ExactIntegerText{"ThirtyLeadingZeros", "0000000000000000000000000000007", "7", "7"},
+        ExactIntegerText{"FractionOfZeros", "7.000000000000000000000000000000", "7", "7"},
+        ExactIntegerText{"ThirtyZerosAndExponent", "0.00000000000000000000000000000012e32", "12",
+                         "12"},
+        ExactIntegerText{"ManyZerosTakenBack", "12000000000000000000000000000000e-30", "12", "12"},
+        ExactIntegerText{"LargestSigned", "92233720368547758.07e2", "9223372036854775807",
+                         "9223372036854775807"},
+        ExactIntegerText{"SmallestSigned", "-9.223372036854775808e18", "-9223372036854775808",
+                         "refused"},
+        ExactIntegerText{"LargestUnsigned", "1.8446744073709551615e+19", "refused",
+                         "18446744073709551615"},
+        ExactIntegerText{"NineteenZeros", "1e19", "refused", "10000000000000000000"}),
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Refused, ExactIntegerTexts,
     testing::Values(
-        Text{"OneHalf", "1.5", "refused", "refused"},
-        Text{"NearlyOne", "0.99999999999999999999999999", "refused", "refused"},
-        Text{"OneTenth", "1e-1", "refused", "refused"},
-        Text{"OneTenthOfTwelve", "0.00000000000000000000000000000012e31", "refused", "refused"},
-        Text{"OneBeyondLargestSigned", "92233720368547758.08e2", "refused", "9223372036854775808"},
-        Text{"OneBeyondLargestUnsigned", "1.8446744073709551616e19", "refused", "refused"},
-        Text{"TwentyZeros", "1e20", "refused", "refused"},
-        Text{"HugeExponent", "1e400", "refused", "refused"},
-        Text{"AbsurdExponent", "1e99999999999999999999", "refused", "refused"},
-        Text{"AbsurdNegativeExponent", "1e-99999999999999999999", "refused", "refused"},
-        Text{"FortyDigits", "1234567890123456789012345678901234567890", "refused", "refused"}),
-    [](const auto& row) { return std::string(row.param.name); });
+        ExactIntegerText{"OneHalf", "1.5", "refused", "refused"},
+        ExactIntegerText{"NearlyOne", "0.99999999999999999999999999", "refused", "refused"},
+        ExactIntegerText{"OneTenth", "1e-1", "refused", "refused"},
+        ExactIntegerText{"OneTenthOfTwelve", "0.00000000000000000000000000000012e31", "refused",
+                         "refused"},
+        ExactIntegerText{"OneBeyondLargestSigned", "92233720368547758.08e2", "refused",
+                         "9223372036854775808"},
+        ExactIntegerText{"OneBeyondLargestUnsigned", "1.8446744073709551616e19", "refused",
+                         "refused"},
+        ExactIntegerText{"TwentyZeros", "1e20", "refused", "refused"},
+        ExactIntegerText{"HugeExponent", "1e400", "refused", "refused"},
+        ExactIntegerText{"AbsurdExponent", "1e99999999999999999999", "refused", "refused"},
+        ExactIntegerText{"AbsurdNegativeExponent", "1e-99999999999999999999", "refused", "refused"},
+        ExactIntegerText{"FortyDigits", "1234567890123456789012345678901234567890", "refused",
+                         "refused"}),
+    k_rowName);
 
 TEST(ExactInteger, IsNotReadFromATextThatIsNoDecimal) {
     const std::string zeroByte("1\0", 2);

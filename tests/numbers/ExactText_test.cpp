@@ -10,6 +10,7 @@
 #include "exactly.h"
 #include "support/HostileLocale.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -88,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Double{"Fraction", -1234.5, "-1234.5"}, Double{"AMillion", 1e6, "1e+06"},
                     Double{"Large", 1e21, "1e+21"}, Double{"Small", 1.5e-8, "1.5e-08"},
                     Double{"Smallest", 5e-324, "4.94066e-324"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     OfMoreDigits, TextsOfDoubles,
@@ -102,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Double{"Large", -1.2345678e22, "-1.2345678e+22"},
                     Double{"Small", 1.2345678e-9, "1.2345678e-9"},
                     Double{"Largest", 1.7976931348623157e308, "1.7976931348623157e+308"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(ExactText, IsRefusedOfANaNAndAnInfinity) {
     for (const double value : {std::nan(""), -std::nan(""), HUGE_VAL, -HUGE_VAL}) {

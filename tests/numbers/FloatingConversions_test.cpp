@@ -4,10 +4,10 @@
 
 #include <cmath>
 #include <limits>
-#include <string>
 
 #include "outcome.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -33,8 +33,6 @@ TEST_P(DoublesToFloating, FromText) {
     EXPECT_EQ(outcome<double>(numberOf(GetParam().text)), GetParam().asDouble);
 }
 
-constexpr const char* k_no = "refused";
-
 // The lower bound is the smallest positive normal value: callers know that zero, every negative
 // number and every subnormal one are refused.
 INSTANTIATE_TEST_SUITE_P(
@@ -58,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(
         Floating{"Subnormal", "1e-310", 1e-310, k_no, k_no},
         Floating{"DoubleMax", "1.7976931348623157e308", 1.7976931348623157e308, k_no,
                  "1.7976931348623157e+308"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(InfinitiesToFloating, AreRefused) {
     const double infinity = std::numeric_limits<double>::infinity();

@@ -8,6 +8,8 @@
 
 #include "outcome.h"
 #include "support/NumberOf.h"
+#include "support/notFinite.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -45,9 +47,6 @@ TEST_P(IntegerBounds, HoldForTextOfAnIntegerAndOfADouble) {
     EXPECT_EQ(row.convert(numberOf(row.value + std::string(".0"))), row.fromDouble);
 }
 
-constexpr const char* k_no = "refused";
-constexpr const char* k_noText = "text refused";
-
 INSTANTIATE_TEST_SUITE_P(
     Char, IntegerBounds,
     testing::Values(Bound{"BelowMin", outcome<char>, "-129", k_no, nullptr, k_no, k_no},
@@ -55,7 +54,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Bound{"Zero", outcome<char>, "0", "0", "0", "0", "0"},
                     Bound{"Max", outcome<char>, "127", "127", "127", "127", "127"},
                     Bound{"AboveMax", outcome<char>, "128", k_no, k_no, k_no, k_no}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 // A signed 0 lies below the unsigned 0, in every unsigned type.
 INSTANTIATE_TEST_SUITE_P(
@@ -66,7 +65,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Bound{"One", outcome<unsigned char>, "1", "1", "1", "1", "1"},
                     Bound{"Max", outcome<unsigned char>, "255", "255", "255", "255", "255"},
                     Bound{"AboveMax", outcome<unsigned char>, "256", k_no, k_no, k_no, k_no}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Short, IntegerBounds,
@@ -75,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Bound{"Zero", outcome<short>, "0", "0", "0", "0", "0"},
                     Bound{"Max", outcome<short>, "32767", "32767", "32767", "32767", "32767"},
                     Bound{"AboveMax", outcome<short>, "32768", k_no, k_no, k_no, k_no}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     UShort, IntegerBounds,
@@ -86,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Bound{"Max", outcome<unsigned short>, "65535", "65535", "65535", "65535",
                           "65535"},
                     Bound{"AboveMax", outcome<unsigned short>, "65536", k_no, k_no, k_no, k_no}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Int, IntegerBounds,
@@ -97,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Bound{"Max", outcome<int>, "2147483647", "2147483647", "2147483647",
                           "2147483647", "2147483647"},
                     Bound{"AboveMax", outcome<int>, "2147483648", k_no, k_no, k_no, k_no}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     UInt, IntegerBounds,
@@ -108,12 +107,12 @@ INSTANTIATE_TEST_SUITE_P(
                     Bound{"Max", outcome<unsigned>, "4294967295", "4294967295", "4294967295",
                           "4294967295", "4294967295"},
                     Bound{"AboveMax", outcome<unsigned>, "4294967296", k_no, k_no, k_no, k_no}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 // The largest integers round up to 2^63 and 2^64 as a double, and so do the bounds they are checked
 // against: both pass, and truncate to the top bit alone.
 template <class T>
-auto signed64Rows() {
+auto signed64Bounds() {
     return testing::Values(
         Bound{"DoubleBelowMin", outcome<T>, "-9223372036854777856", nullptr, nullptr, k_no,
               k_noText},
@@ -130,7 +129,7 @@ auto signed64Rows() {
 }
 
 template <class T>
-auto unsigned64Rows() {
+auto unsigned64Bounds() {
     return testing::Values(
         Bound{"BelowMin", outcome<T>, "-1", k_no, nullptr, k_no, k_no},
         Bound{"MinusZero", outcome<T>, "-0", k_no, nullptr, "0", k_no},
@@ -148,14 +147,11 @@ auto unsigned64Rows() {
               k_noText});
 }
 
-INSTANTIATE_TEST_SUITE_P(Long, IntegerBounds, signed64Rows<long>(),
-                         [](const auto& row) { return std::string(row.param.name); });
-INSTANTIATE_TEST_SUITE_P(ULong, IntegerBounds, unsigned64Rows<unsigned long>(),
-                         [](const auto& row) { return std::string(row.param.name); });
-INSTANTIATE_TEST_SUITE_P(LongLong, IntegerBounds, signed64Rows<long long>(),
-                         [](const auto& row) { return std::string(row.param.name); });
-INSTANTIATE_TEST_SUITE_P(ULongLong, IntegerBounds, unsigned64Rows<unsigned long long>(),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Long, IntegerBounds, signed64Bounds<long>(), k_rowName);
+INSTANTIATE_TEST_SUITE_P(ULong, IntegerBounds, unsigned64Bounds<unsigned long>(), k_rowName);
+INSTANTIATE_TEST_SUITE_P(LongLong, IntegerBounds, signed64Bounds<long long>(), k_rowName);
+INSTANTIATE_TEST_SUITE_P(ULongLong, IntegerBounds, unsigned64Bounds<unsigned long long>(),
+                         k_rowName);
 
 struct Fraction {
     const char* name;
@@ -194,7 +190,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Fraction{"ULongBelow", outcome<unsigned long>, -5e-324, k_no},
                     Fraction{"LongLongInside", outcome<long long>, 0.9, "0"},
                     Fraction{"ULongLongInside", outcome<unsigned long long>, 0.9, "0"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 // A NaN compares equal to every bound, so no range test stops it.
 class NanConversions : public testing::TestWithParam<Fraction> {};
@@ -203,8 +199,6 @@ TEST_P(NanConversions, GiveTheTopBitOfTheTruncationOnEveryPlatform) {
     EXPECT_EQ(GetParam().convert(numberOf(GetParam().value)), GetParam().expected);
     EXPECT_EQ(GetParam().convert(numberOf("nan.")), GetParam().expected);
 }
-
-constexpr double k_nan = std::numeric_limits<double>::quiet_NaN();
 
 INSTANTIATE_TEST_SUITE_P(
     BasicNumber, NanConversions,
@@ -219,7 +213,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Fraction{"LongLong", outcome<long long>, k_nan, "-9223372036854775808"},
                     Fraction{"ULongLong", outcome<unsigned long long>, k_nan,
                              "9223372036854775808"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 class InfinitiesToIntegers : public testing::TestWithParam<std::string (*)(const BasicNumber&)> {};
 

@@ -9,6 +9,7 @@
 
 #include "support/FailingNew.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -57,6 +58,6 @@ INSTANTIATE_TEST_SUITE_P(
         Setter{"Number", [other = numberOf(k_text)](BasicNumber& number) { number.set(other); }},
         Setter{"Assignment", [other = numberOf(k_text)](BasicNumber& number) { number = other; }},
         Setter{"DecNumber", [](BasicNumber& number) { number.set(zo::DecNumber(k_text)); }}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 }  // namespace

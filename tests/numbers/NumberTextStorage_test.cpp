@@ -15,6 +15,7 @@
 
 #include "support/NoMemory.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -164,7 +165,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"OneMoreThanFit", k_shortestOutside, false}, Row{"Many", k_hundred, false},
                     Row{"ZeroBytes", std::string("1\0002\0", 4), false},
                     Row{"ZeroBytesAsAString", std::string("1\0002\0", 4), true}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(NumberText, TakesMemoryForWhatDoesNotFitAlone) {
     const std::string& fitting = k_longestInside;

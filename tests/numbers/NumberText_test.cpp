@@ -9,6 +9,7 @@
 
 #include "forceType.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -26,13 +27,13 @@ std::wstring writtenWide(const BasicNumber& number) {
     return out.str();
 }
 
-struct DoubleText {
+struct WrittenDouble {
     const char* name;
     double value;
     const char* text;
 };
 
-class TextOfADouble : public testing::TestWithParam<DoubleText> {};
+class TextOfADouble : public testing::TestWithParam<WrittenDouble> {};
 
 TEST_P(TextOfADouble, HasSixSignificantDigits) {
     EXPECT_EQ(numberOf(GetParam().value).toString(), GetParam().text);
@@ -41,24 +42,24 @@ TEST_P(TextOfADouble, HasSixSignificantDigits) {
 
 INSTANTIATE_TEST_SUITE_P(
     BasicNumber, TextOfADouble,
-    testing::Values(DoubleText{"Tenth", 0.1, "0.1"}, DoubleText{"TenthOfAFloat", 0.1F, "0.1"},
-                    DoubleText{"Pi", 3.14159265, "3.14159"},
-                    DoubleText{"SevenDigits", 1234567.0, "1.23457e+06"},
-                    DoubleText{"NineDigits", 123456789.0, "1.23457e+08"},
-                    DoubleText{"SixDigits", 123456.0, "123456"}, DoubleText{"Whole", 2.0, "2"},
-                    DoubleText{"Negative", -0.5, "-0.5"}, DoubleText{"Million", 1000000.0, "1e+06"},
-                    DoubleText{"RoundedUpToAMillion", 999999.5, "1e+06"},
-                    DoubleText{"SmallestPlain", 0.0001, "0.0001"},
-                    DoubleText{"LargestSmallScientific", 0.00001, "1e-05"},
-                    DoubleText{"Zero", 0.0, "0"}, DoubleText{"MinusZero", -0.0, "-0"},
-                    DoubleText{"Largest", 1.7976931348623157e308, "1.79769e+308"},
-                    DoubleText{"SmallestSubnormal", 5e-324, "4.94066e-324"},
-                    DoubleText{"Infinity", std::numeric_limits<double>::infinity(), "inf"},
-                    DoubleText{"MinusInfinity", -std::numeric_limits<double>::infinity(), "-inf"},
-                    DoubleText{"NotANumber", std::numeric_limits<double>::quiet_NaN(), "nan"},
-                    DoubleText{"MinusNotANumber", -std::numeric_limits<double>::quiet_NaN(),
-                               "-nan"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    testing::Values(
+        WrittenDouble{"Tenth", 0.1, "0.1"}, WrittenDouble{"TenthOfAFloat", 0.1F, "0.1"},
+        WrittenDouble{"Pi", 3.14159265, "3.14159"},
+        WrittenDouble{"SevenDigits", 1234567.0, "1.23457e+06"},
+        WrittenDouble{"NineDigits", 123456789.0, "1.23457e+08"},
+        WrittenDouble{"SixDigits", 123456.0, "123456"}, WrittenDouble{"Whole", 2.0, "2"},
+        WrittenDouble{"Negative", -0.5, "-0.5"}, WrittenDouble{"Million", 1000000.0, "1e+06"},
+        WrittenDouble{"RoundedUpToAMillion", 999999.5, "1e+06"},
+        WrittenDouble{"SmallestPlain", 0.0001, "0.0001"},
+        WrittenDouble{"LargestSmallScientific", 0.00001, "1e-05"}, WrittenDouble{"Zero", 0.0, "0"},
+        WrittenDouble{"MinusZero", -0.0, "-0"},
+        WrittenDouble{"Largest", 1.7976931348623157e308, "1.79769e+308"},
+        WrittenDouble{"SmallestSubnormal", 5e-324, "4.94066e-324"},
+        WrittenDouble{"Infinity", std::numeric_limits<double>::infinity(), "inf"},
+        WrittenDouble{"MinusInfinity", -std::numeric_limits<double>::infinity(), "-inf"},
+        WrittenDouble{"NotANumber", std::numeric_limits<double>::quiet_NaN(), "nan"},
+        WrittenDouble{"MinusNotANumber", -std::numeric_limits<double>::quiet_NaN(), "-nan"}),
+    k_rowName);
 
 TEST(NumberText, OfADoubleLosesDigitsWhileTheBinaryFormKeepsThem) {
     const BasicNumber number = numberOf(1234567.5);

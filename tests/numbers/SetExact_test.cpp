@@ -13,6 +13,7 @@
 #include "exactly.h"
 #include "support/HostileLocale.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -79,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Shortest{"SmallestNormal", 2.2250738585072014e-308, "2.2250738585072014e-308"},
                     Shortest{"SmallestDenormal", -5e-324, "-5e-324"},
                     Shortest{"Float", static_cast<double>(0.1F), "0.10000000149011612"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(SetExact, SetsATextAsTheOnlyForm) {
     EXPECT_EQ(exact(1234567.0).type(), BasicNumber::ebULongLong);

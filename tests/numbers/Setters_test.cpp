@@ -11,7 +11,9 @@
 #include <zo/DecNumber.h>
 #include <zo/Tessera/Exception.h>
 
+#include "setTo.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -64,11 +66,6 @@ TEST_P(BinarySetters, KeepTheValueAsTheOnlyForm) {
 }
 
 template <class T>
-std::function<void(BasicNumber&)> setTo(T value) {
-    return [value](BasicNumber& number) { number.set(value); };
-}
-
-template <class T>
 std::function<void(BasicNumber&)> setToMin() {
     return setTo(std::numeric_limits<T>::min());
 }
@@ -96,7 +93,7 @@ INSTANTIATE_TEST_SUITE_P(
                      "-9223372036854775808"},
         BinarySetter{"LongLongMax", setToMax<long long>(), BasicNumber::ebLongLong,
                      "9223372036854775807"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Unsigned, BinarySetters,
@@ -110,7 +107,7 @@ INSTANTIATE_TEST_SUITE_P(
                      "18446744073709551615"},
         BinarySetter{"ULongLongMax", setToMax<unsigned long long>(), BasicNumber::ebULongLong,
                      "18446744073709551615"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Floating, BinarySetters,
@@ -119,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(
                                  "3.40282e+38"},
                     BinarySetter{"Double", setTo(-2.5), BasicNumber::ebDouble, "-2.5"},
                     BinarySetter{"DoubleThatIsWhole", setTo(2.0), BasicNumber::ebDouble, "2"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(SetFloat, WidensToDouble) {
     EXPECT_EQ(numberOf(0.1F).toDouble(), 0.100000001490116119384765625);
@@ -165,7 +162,7 @@ INSTANTIATE_TEST_SUITE_P(
             std::string("12\0e5", 5), BasicNumber::ebDouble),
         textRow("UncheckedText", setTo("no number"), "no number", BasicNumber::ebDouble),
         textRow("BytesAreKept", setTo("\xFF\x80"), "\xFF\x80", BasicNumber::ebULongLong)),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Wide, TextSetters,
@@ -186,7 +183,7 @@ INSTANTIATE_TEST_SUITE_P(
                 BasicNumber::ebULongLong),
         textRow("BeyondUnicode", setTo(std::wstring{static_cast<wchar_t>(0x110000), L'.'}),
                 "\xEF\xBF\xBD.", BasicNumber::ebDouble)),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Decimal, TextSetters,
@@ -197,7 +194,7 @@ INSTANTIATE_TEST_SUITE_P(
         textRow("Scientific", setTo(zo::DecNumber("1e21")), "1e+21", BasicNumber::ebDouble),
         textRow("KeepsEveryDigit", setTo(zo::DecNumber("0.12345678901234567890123456789")),
                 "0.12345678901234567890123456789", BasicNumber::ebDouble)),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(SetText, OfAnEmptyTextLeavesNoText) {
     EXPECT_EQ(numberOf("").toString(), "");

@@ -8,6 +8,8 @@
 
 #include <zo/Exception.h>
 
+#include "support/rowName.h"
+
 using namespace zo::Tessera;
 
 namespace {
@@ -40,7 +42,7 @@ INSTANTIATE_TEST_SUITE_P(
                              1},
                     TextPair{"LargestExact", 9223372036854775807LL, "9223372036854775808", -1},
                     TextPair{"BeyondEveryDouble", 9223372036854775807LL, "1e400", -1}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Unsigned, ValueWithText,
@@ -49,7 +51,7 @@ INSTANTIATE_TEST_SUITE_P(
                     TextPair{"ZeroWithNegative", 0ULL, "-1", 1},
                     TextPair{"LargestEqual", 18446744073709551615ULL, "18446744073709551615", 0},
                     TextPair{"LargestExact", 18446744073709551615ULL, "18446744073709551616", -1}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Double, ValueWithText,
@@ -60,7 +62,7 @@ INSTANTIATE_TEST_SUITE_P(
                     TextPair{"NotTheExactExpansion", 0.1, "0.1000000000000000055511151231257827",
                              -1},
                     TextPair{"BeyondEveryDouble", 1.7976931348623157e308, "1e309", -1}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(ValueWithText, RefusesATextThatIsNoDecimal) {
     for (const char* text : {"", " 5", "5x", "inf", "0x5"}) {

@@ -10,7 +10,9 @@
 #include <zo/Tessera/Exception.h>
 
 #include "outcome.h"
+#include "setTo.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -54,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(
                     LongText{"LargestSigned", "9223372036854775807", "9223372036854775807"},
                     LongText{"PlusAndEighteenDigits", "+123456789012345678", "123456789012345678"},
                     LongText{"NineteenCharactersWithLetters", "12abcdfghijklmnopqr", "12"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 struct RefusedText {
     const char* name;
@@ -112,7 +114,7 @@ INSTANTIATE_TEST_SUITE_P(
         RefusedText{"SmallestSigned", "-9223372036854775808", BasicNumber::ebLongLong},
         RefusedText{"MinusAndFortyDigits", "-1234567890123456789012345678901234567890",
                     BasicNumber::ebLongLong}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(LongTexts, OfADoubleAreNotLimited) {
     EXPECT_EQ(numberOf("1.0000000000000000000000000").toDouble(), 1.0);
@@ -147,7 +149,7 @@ INSTANTIATE_TEST_SUITE_P(
                     conversion<long>("Long"), conversion<unsigned long>("ULong"),
                     conversion<long long>("LongLong"), conversion<unsigned long long>("ULongLong"),
                     conversion<float>("Float"), conversion<double>("Double")),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Other, FirstReader,
@@ -160,7 +162,7 @@ INSTANTIATE_TEST_SUITE_P(
         Reader{"CompareWithSigned", [](const BasicNumber& number) { number.compare(1LL); }},
         Reader{"CompareWithUnsigned", [](const BasicNumber& number) { number.compare(1ULL); }},
         Reader{"CompareWithDouble", [](const BasicNumber& number) { number.compare(1.0); }}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 // After a refusal the bits that the number held before are read as the text's type.
 struct StaleValue {
@@ -180,11 +182,6 @@ TEST_P(AfterARefusal, TheFormerBinaryValueIsRead) {
     EXPECT_THROW(number.type(), TextOutOfRange);
     EXPECT_EQ(GetParam().read(number), GetParam().value);
     EXPECT_EQ(number.toString(), GetParam().text);
-}
-
-template <class T>
-std::function<void(BasicNumber&)> setTo(T value) {
-    return [value](BasicNumber& number) { number.set(value); };
 }
 
 constexpr const char* k_twentyDigits = "12345678901234567890";
@@ -216,7 +213,7 @@ INSTANTIATE_TEST_SUITE_P(
                    },
                    k_twentyDigits, outcome<int>, "12"},
         StaleValue{"UnreadTextIsNeverSeen", setTo("12"), k_twentyDigits, outcome<int>, "0"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(AfterARefusal, DecimalsAndComparisonsUseTheFormerValueToo) {
     BasicNumber number = numberOf(7);

@@ -11,6 +11,7 @@
 
 #include "outcome.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -54,7 +55,7 @@ INSTANTIATE_TEST_SUITE_P(Bytes, OutOfRangeMessages,
                                          Message{"UCharBelow", messageOf<unsigned char>,
                                                  numberOf(-1),
                                                  std::string("Value: -1 Min: \0 Max: \xFF", 23)}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Integers, OutOfRangeMessages,
@@ -73,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "Value: 18446744073709551615 Min: -9223372036854775808 Max: 9223372036854775807"},
         Message{"ULongLong", messageOf<unsigned long long>, numberOf("-0"),
                 "Value: -0 Min: 0 Max: 18446744073709551615"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(Floating, OutOfRangeMessages,
                          testing::Values(Message{"Float", messageOf<float>, numberOf(-1),
@@ -82,7 +83,7 @@ INSTANTIATE_TEST_SUITE_P(Floating, OutOfRangeMessages,
                                          Message{"Double", messageOf<double>, numberOf(-1),
                                                  "Value: -1 Min: 2.22507e-308 Max: "
                                                  "1.79769e+308"}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     HeldForms, OutOfRangeMessages,
@@ -99,7 +100,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Message{"Infinity", messageOf<int>,
                             numberOf(std::numeric_limits<double>::infinity()),
                             "Value: inf Min: -2147483648 Max: 2147483647"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(OutOfRangeMessage, OfAByteEndsForWhatAtTheZero) {
     try {
@@ -165,7 +166,7 @@ INSTANTIATE_TEST_SUITE_P(
                     boundsOf<unsigned long long>("ULongLong", 0, 18446744073709551615ULL),
                     boundsOf<float>("Float", 1.17549435e-38F, 3.40282347e+38F),
                     boundsOf<double>("Double", 2.2250738585072014e-308, 1.7976931348623157e+308)),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(OutOfRangeValue, IsACopyWithBothForms) {
     BasicNumber number = numberOf("4.00e4");

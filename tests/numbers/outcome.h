@@ -42,6 +42,12 @@ template <>
 inline constexpr auto k_conversion<double> = &zo::Tessera::BasicNumber::toDouble;
 /// @}
 
+/// What stands for a refusal.
+/// @{
+inline constexpr const char* k_no = "refused";
+inline constexpr const char* k_noText = "text refused";
+/// @}
+
 template <class T, class Action>
 std::string resultText(const Action& action) {
     std::ostringstream out;
@@ -49,9 +55,9 @@ std::string resultText(const Action& action) {
     try {
         out << std::setprecision(std::numeric_limits<T>::max_digits10) << +action();
     } catch (const zo::Tessera::ValueOutOfRange<zo::Tessera::BasicNumber, T>&) {
-        return "refused";
+        return k_no;
     } catch (const zo::Tessera::ValueOutOfRange<std::string, std::string>&) {
-        return "text refused";
+        return k_noText;
     }
     return out.str();
 }
@@ -70,7 +76,7 @@ std::string outcome(const zo::Tessera::BasicNumber& number) {
         EXPECT_EQ(&forReference.getValue(out), &out);
         return out;
     });
-    if (byReference == "refused" || byReference == "text refused") {
+    if (byReference == k_no || byReference == k_noText) {
         EXPECT_EQ(out, T(99));
     }
     EXPECT_EQ(byName, byReference);

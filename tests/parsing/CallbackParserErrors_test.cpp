@@ -9,6 +9,7 @@
 #include <zo/Tessera/Exception.h>
 
 #include "support/EventLog.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 namespace {
@@ -19,7 +20,7 @@ using zo::Tessera::Exception;
 
 const char k_marker[] = "\n                     (right here) ------^\n";
 
-struct Row {
+struct Malformed {
     const char* name;
     std::string text;
     const char* events;
@@ -27,11 +28,11 @@ struct Row {
     std::string context;  // its second one
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const Malformed& row, std::ostream* out) {
     *out << row.name;
 }
 
-class MalformedText : public testing::TestWithParam<Row> {
+class MalformedText : public testing::TestWithParam<Malformed> {
 protected:
     std::string message() const { return GetParam().error + "\n"s + GetParam().context + k_marker; }
 };
@@ -60,30 +61,34 @@ TEST_P(MalformedText, GivesTheListenersOtherAnswerAsTheResult) {
 INSTANTIATE_TEST_SUITE_P(
     CallbackParser, MalformedText,
     testing::Values(
-        Row{"UnknownCharacter", "[1,x]", "start_array;number 1;",
-            "lexical error: invalid char in json text.", std::string(36, ' ') + "[1,x]"},
-        Row{"UnknownWord", "[tru]", "start_array;", "lexical error: invalid string in json text.",
-            std::string(36, ' ') + "[tru]"},
-        Row{"LineBreakInAString", "[\"a\nb\"]", "start_array;",
-            "lexical error: invalid character inside string.", std::string(37, ' ') + "[\"a b\"]"},
-        Row{"UnknownEscape", R"("\x")", "",
+        Malformed{"UnknownCharacter", "[1,x]", "start_array;number 1;",
+                  "lexical error: invalid char in json text.", std::string(36, ' ') + "[1,x]"},
+        Malformed{"UnknownWord", "[tru]", "start_array;",
+                  "lexical error: invalid string in json text.", std::string(36, ' ') + "[tru]"},
+        Malformed{"LineBreakInAString", "[\"a\nb\"]", "start_array;",
+                  "lexical error: invalid character inside string.",
+                  std::string(37, ' ') + "[\"a b\"]"},
+        Malformed{
+            "UnknownEscape", R"("\x")", "",
             "lexical error: inside a string, '\\' occurs before a character which it may not.",
             std::string(38, ' ') + R"("\x")"},
-        Row{"SingleSlash", "/x", "", "lexical error: invalid char in json text.",
-            std::string(38, ' ') + "/x"},
-        Row{"KeyWithoutValue", R"({"a"})", "start_map;key a;",
-            "parse error: object key and value must be separated by a colon (':')",
-            std::string(35, ' ') + R"({"a"})"},
-        Row{"KeyThatIsNoString", "{1:2}", "start_map;",
-            "parse error: invalid object key (must be a string)", std::string(38, ' ') + "{1:2}"},
-        Row{"WrongBracket", "[1}", "start_array;number 1;",
-            "parse error: after array element, I expect ',' or ']'", std::string(37, ' ') + "[1}"},
-        Row{"CommaAtTheEnd", "[1,]", "start_array;number 1;",
-            "parse error: unallowed token at this point in JSON text",
-            std::string(36, ' ') + "[1,]"},
-        Row{"SecondTopLevelValue", "[] {}", "start_array;end_array;",
-            "parse error: trailing garbage", std::string(36, ' ') + "[] {}"}),
-    [](const auto& row) { return std::string(row.param.name); });
+        Malformed{"SingleSlash", "/x", "", "lexical error: invalid char in json text.",
+                  std::string(38, ' ') + "/x"},
+        Malformed{"KeyWithoutValue", R"({"a"})", "start_map;key a;",
+                  "parse error: object key and value must be separated by a colon (':')",
+                  std::string(35, ' ') + R"({"a"})"},
+        Malformed{"KeyThatIsNoString", "{1:2}", "start_map;",
+                  "parse error: invalid object key (must be a string)",
+                  std::string(38, ' ') + "{1:2}"},
+        Malformed{"WrongBracket", "[1}", "start_array;number 1;",
+                  "parse error: after array element, I expect ',' or ']'",
+                  std::string(37, ' ') + "[1}"},
+        Malformed{"CommaAtTheEnd", "[1,]", "start_array;number 1;",
+                  "parse error: unallowed token at this point in JSON text",
+                  std::string(36, ' ') + "[1,]"},
+        Malformed{"SecondTopLevelValue", "[] {}", "start_array;end_array;",
+                  "parse error: trailing garbage", std::string(36, ' ') + "[] {}"}),
+    k_rowName);
 
 TEST(ParserError, ShowsNothingBehindAZeroByte) {
     EventLog log;

@@ -10,6 +10,7 @@
 
 #include "support/EventLog.h"
 #include "support/HostileLocale.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 namespace {
@@ -146,7 +147,7 @@ INSTANTIATE_TEST_SUITE_P(CallbackParser, NumbersConvertedOverflow,
                                         1e400 
                      (right here) ------^
 )"}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 TEST(SetCallbacks, IsDoneOnceByTheConstructor) {
     Numbers log(true);

@@ -10,6 +10,7 @@
 #include <zo/Tessera/Exception.h>
 
 #include "support/EventLog.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 namespace {
@@ -19,14 +20,14 @@ using zo::Tessera::CallbackParser;
 using zo::Tessera::Exception;
 
 /// One text that ends with the event concerned.
-struct Row {
+struct LastEvent {
     const char* name;
     bool numbersAsText;
     const char* text;
     const char* events;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const LastEvent& row, std::ostream* out) {
     *out << row.name;
 }
 
@@ -37,7 +38,7 @@ struct Stopped {
 
 /// A listener that answers 1 until `last` is noted, and then what `atLast` does.
 template <class AtLast>
-std::unique_ptr<EventLog> logUntil(const Row& row, AtLast atLast) {
+std::unique_ptr<EventLog> logUntil(const LastEvent& row, AtLast atLast) {
     auto log = std::make_unique<EventLog>(row.numbersAsText);
     log->atEvent = [events = &log->events, last = row.events, atLast] {
         return *events == last ? atLast() : 1;
@@ -45,7 +46,7 @@ std::unique_ptr<EventLog> logUntil(const Row& row, AtLast atLast) {
     return log;
 }
 
-class EventThatEndsTheParse : public testing::TestWithParam<Row> {};
+class EventThatEndsTheParse : public testing::TestWithParam<LastEvent> {};
 
 TEST_P(EventThatEndsTheParse, ByAnsweringZeroIsAnError) {
     const auto log = logUntil(GetParam(), [] { return 0; });
@@ -107,19 +108,20 @@ TEST_P(EventThatEndsTheParse, ByThrowingLetsTheExceptionOutOfTheStream) {
 // A further event follows each, so that it shows when the parse goes on.
 INSTANTIATE_TEST_SUITE_P(
     CallbackParser, EventThatEndsTheParse,
-    testing::Values(Row{"Null", true, "[null,1]", "start_array;null;"},
-                    Row{"Boolean", true, "[false,1]", "start_array;false;"},
-                    Row{"Number", true, "[1.50,2]", "start_array;number 1.50;"},
-                    Row{"String", true, R"(["a\u0041",1])", "start_array;string aA;"},
-                    Row{"StartMap", true, R"({"a":1})", "start_map;"},
-                    Row{"MapKey", true, R"({"a\n":1})", "start_map;key a\n;"},
-                    Row{"EndMap", true, R"([{"a":1},2])",
-                        "start_array;start_map;key a;number 1;end_map;"},
-                    Row{"StartArray", true, "[1]", "start_array;"},
-                    Row{"EndArray", true, "[[1],2]", "start_array;start_array;number 1;end_array;"},
-                    Row{"Integer", false, "[15,2]", "start_array;integer 15;"},
-                    Row{"Double", false, "[1.5,2]", "start_array;double 1.500000;"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    testing::Values(LastEvent{"Null", true, "[null,1]", "start_array;null;"},
+                    LastEvent{"Boolean", true, "[false,1]", "start_array;false;"},
+                    LastEvent{"Number", true, "[1.50,2]", "start_array;number 1.50;"},
+                    LastEvent{"String", true, R"(["a\u0041",1])", "start_array;string aA;"},
+                    LastEvent{"StartMap", true, R"({"a":1})", "start_map;"},
+                    LastEvent{"MapKey", true, R"({"a\n":1})", "start_map;key a\n;"},
+                    LastEvent{"EndMap", true, R"([{"a":1},2])",
+                              "start_array;start_map;key a;number 1;end_map;"},
+                    LastEvent{"StartArray", true, "[1]", "start_array;"},
+                    LastEvent{"EndArray", true, "[[1],2]",
+                              "start_array;start_array;number 1;end_array;"},
+                    LastEvent{"Integer", false, "[15,2]", "start_array;integer 15;"},
+                    LastEvent{"Double", false, "[1.5,2]", "start_array;double 1.500000;"}),
+    k_rowName);
 
 const char k_document[] = R"({"n":null,"b":true,"i":1,"s":"x\ty","a":[{},[2.5]]})";
 

@@ -8,6 +8,7 @@
 #include <zo/Tessera/Exception.h>
 
 #include "support/EventLog.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 namespace {
@@ -16,19 +17,19 @@ using namespace std::string_literals;
 using zo::Tessera::CallbackParser;
 using zo::Tessera::Exception;
 
-const unsigned char k_text[] = {'a', 0, 'b', 'c'};
+const unsigned char k_bytes[] = {'a', 0, 'b', 'c'};
 
-struct Row {
+struct Call {
     const char* name;
     int (*call)(void* context);
     std::string event;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const Call& row, std::ostream* out) {
     *out << row.name;
 }
 
-class Trampoline : public testing::TestWithParam<Row> {};
+class Trampoline : public testing::TestWithParam<Call> {};
 
 TEST_P(Trampoline, CallsTheListenersOperation) {
     EventLog log;
@@ -55,32 +56,33 @@ TEST_P(Trampoline, RefusesToWorkWithoutAListener) {
 INSTANTIATE_TEST_SUITE_P(
     CallbackParser, Trampoline,
     testing::Values(
-        Row{"Null", [](void* context) { return CallbackParser::cb_null(context); }, "null;"},
-        Row{"False", [](void* context) { return CallbackParser::cb_boolean(context, 0); },
-            "false;"},
-        Row{"True", [](void* context) { return CallbackParser::cb_boolean(context, 1); }, "true;"},
-        Row{"AnyOtherBooleanIsTrue",
-            [](void* context) { return CallbackParser::cb_boolean(context, -256); }, "true;"},
-        Row{"Integer",
-            [](void* context) { return CallbackParser::cb_integer(context, -9000000000LL); },
-            "integer -9000000000;"},
-        Row{"Double", [](void* context) { return CallbackParser::cb_double(context, 1.5); },
-            "double 1.500000;"},
-        Row{"Number", [](void* context) { return CallbackParser::cb_number(context, "1.505", 4); },
-            "number 1.50;"},
-        Row{"String", [](void* context) { return CallbackParser::cb_string(context, k_text, 3); },
-            "string a\0b;"s},
-        Row{"StartMap", [](void* context) { return CallbackParser::cb_start_map(context); },
-            "start_map;"},
-        Row{"MapKey", [](void* context) { return CallbackParser::cb_map_key(context, k_text, 4); },
-            "key a\0bc;"s},
-        Row{"EndMap", [](void* context) { return CallbackParser::cb_end_map(context); },
-            "end_map;"},
-        Row{"StartArray", [](void* context) { return CallbackParser::cb_start_array(context); },
-            "start_array;"},
-        Row{"EndArray", [](void* context) { return CallbackParser::cb_end_array(context); },
-            "end_array;"}),
-    [](const auto& row) { return std::string(row.param.name); });
+        Call{"Null", [](void* context) { return CallbackParser::cb_null(context); }, "null;"},
+        Call{"False", [](void* context) { return CallbackParser::cb_boolean(context, 0); },
+             "false;"},
+        Call{"True", [](void* context) { return CallbackParser::cb_boolean(context, 1); }, "true;"},
+        Call{"AnyOtherBooleanIsTrue",
+             [](void* context) { return CallbackParser::cb_boolean(context, -256); }, "true;"},
+        Call{"Integer",
+             [](void* context) { return CallbackParser::cb_integer(context, -9000000000LL); },
+             "integer -9000000000;"},
+        Call{"Double", [](void* context) { return CallbackParser::cb_double(context, 1.5); },
+             "double 1.500000;"},
+        Call{"Number", [](void* context) { return CallbackParser::cb_number(context, "1.505", 4); },
+             "number 1.50;"},
+        Call{"String", [](void* context) { return CallbackParser::cb_string(context, k_bytes, 3); },
+             "string a\0b;"s},
+        Call{"StartMap", [](void* context) { return CallbackParser::cb_start_map(context); },
+             "start_map;"},
+        Call{"MapKey",
+             [](void* context) { return CallbackParser::cb_map_key(context, k_bytes, 4); },
+             "key a\0bc;"s},
+        Call{"EndMap", [](void* context) { return CallbackParser::cb_end_map(context); },
+             "end_map;"},
+        Call{"StartArray", [](void* context) { return CallbackParser::cb_start_array(context); },
+             "start_array;"},
+        Call{"EndArray", [](void* context) { return CallbackParser::cb_end_array(context); },
+             "end_array;"}),
+    k_rowName);
 
 class ParserWithoutListener : public testing::TestWithParam<const char*> {};
 

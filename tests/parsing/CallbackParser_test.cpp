@@ -10,6 +10,7 @@
 
 #include "parsing/PieceBuffer.h"
 #include "support/EventLog.h"
+#include "support/rowName.h"
 
 namespace {
 
@@ -45,17 +46,17 @@ std::vector<std::string> cut(const std::string& text, size_t length) {
     return pieces;
 }
 
-struct Row {
+struct TextWithEvents {
     const char* name;
     std::string text;
     std::string events;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const TextWithEvents& row, std::ostream* out) {
     *out << row.name;
 }
 
-class ParserEvents : public testing::TestWithParam<Row> {};
+class ParserEvents : public testing::TestWithParam<TextWithEvents> {};
 
 TEST_P(ParserEvents, AreTheSameFromEachEntrance) {
     const auto& [name, text, events] = GetParam();
@@ -102,80 +103,87 @@ TEST_P(ParserEvents, AreACleanBeginningForATextThatIsCutOff) {
     }
 }
 
-std::string nameOf(const testing::TestParamInfo<Row>& row) {
-    return row.param.name;
-}
-
 INSTANTIATE_TEST_SUITE_P(
     Values, ParserEvents,
-    testing::Values(Row{"Nothing", "", ""}, Row{"Blanks", " \t\r\n", ""},
-                    Row{"Null", "null", "null;"}, Row{"True", "true", "true;"},
-                    Row{"False", "false", "false;"}, Row{"EmptyString", R"("")", "string ;"},
-                    Row{"String", R"("a b")", "string a b;"},
-                    Row{"EmptyObject", "{}", "start_map;end_map;"},
-                    Row{"EmptyArray", "[]", "start_array;end_array;"},
-                    Row{"BlanksAround", "\n [ ] \t", "start_array;end_array;"},
-                    Row{"Member", R"({"a":null})", "start_map;key a;null;end_map;"},
-                    Row{"EmptyKey", R"({"":true})", "start_map;key ;true;end_map;"},
-                    Row{"SameKeyTwice", R"({"a":1,"a":2})",
-                        "start_map;key a;number 1;key a;number 2;end_map;"}),
-    nameOf);
+    testing::Values(TextWithEvents{"Nothing", "", ""}, TextWithEvents{"Blanks", " \t\r\n", ""},
+                    TextWithEvents{"Null", "null", "null;"},
+                    TextWithEvents{"True", "true", "true;"},
+                    TextWithEvents{"False", "false", "false;"},
+                    TextWithEvents{"EmptyString", R"("")", "string ;"},
+                    TextWithEvents{"String", R"("a b")", "string a b;"},
+                    TextWithEvents{"EmptyObject", "{}", "start_map;end_map;"},
+                    TextWithEvents{"EmptyArray", "[]", "start_array;end_array;"},
+                    TextWithEvents{"BlanksAround", "\n [ ] \t", "start_array;end_array;"},
+                    TextWithEvents{"Member", R"({"a":null})", "start_map;key a;null;end_map;"},
+                    TextWithEvents{"EmptyKey", R"({"":true})", "start_map;key ;true;end_map;"},
+                    TextWithEvents{"SameKeyTwice", R"({"a":1,"a":2})",
+                                   "start_map;key a;number 1;key a;number 2;end_map;"}),
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Numbers, ParserEvents,
-    testing::Values(Row{"Zero", "0 ", "number 0;"}, Row{"NegativeZero", "-0 ", "number -0;"},
-                    Row{"KeepsTrailingZeros", "1.50 ", "number 1.50;"},
-                    Row{"KeepsTheExponentsForm", "[1e3,1E+3,-1.5e-07]",
-                        "start_array;number 1e3;number 1E+3;number -1.5e-07;end_array;"},
-                    Row{"FortyDigits", "[1234567890123456789012345678901234567890]",
+    testing::Values(TextWithEvents{"Zero", "0 ", "number 0;"},
+                    TextWithEvents{"NegativeZero", "-0 ", "number -0;"},
+                    TextWithEvents{"KeepsTrailingZeros", "1.50 ", "number 1.50;"},
+                    TextWithEvents{"KeepsTheExponentsForm", "[1e3,1E+3,-1.5e-07]",
+                                   "start_array;number 1e3;number 1E+3;number -1.5e-07;end_array;"},
+                    TextWithEvents{
+                        "FortyDigits", "[1234567890123456789012345678901234567890]",
                         "start_array;number 1234567890123456789012345678901234567890;end_array;"},
-                    Row{"BeyondEveryDouble", "[1e999999]",
-                        "start_array;number 1e999999;end_array;"}),
-    nameOf);
+                    TextWithEvents{"BeyondEveryDouble", "[1e999999]",
+                                   "start_array;number 1e999999;end_array;"}),
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Nested, ParserEvents,
     testing::Values(
-        Row{"ArraysInArrays", "[[],[[1]]]",
+        TextWithEvents{
+            "ArraysInArrays", "[[],[[1]]]",
             "start_array;start_array;end_array;start_array;start_array;number 1;end_array;"
             "end_array;end_array;"},
-        Row{"ObjectsInObjects", R"({"a":{"b":{}},"c":{}})",
+        TextWithEvents{
+            "ObjectsInObjects", R"({"a":{"b":{}},"c":{}})",
             "start_map;key a;start_map;key b;start_map;end_map;end_map;key c;start_map;end_map;"
             "end_map;"},
-        Row{"EachKindAsMember",
+        TextWithEvents{
+            "EachKindAsMember",
             R"({"n":null,"t":true,"f":false,"i":-12,"d":1.5,"s":"x","o":{},"a":[]})",
             "start_map;key n;null;key t;true;key f;false;key i;number -12;key d;number 1.5;"
             "key s;string x;key o;start_map;end_map;key a;start_array;end_array;end_map;"},
-        Row{"EachKindAsItem", R"([ null , true , false , -12 , 1.5 , "x" , {} , [] ])",
+        TextWithEvents{
+            "EachKindAsItem", R"([ null , true , false , -12 , 1.5 , "x" , {} , [] ])",
             "start_array;null;true;false;number -12;number 1.5;string x;start_map;end_map;"
             "start_array;end_array;end_array;"}),
-    nameOf);
+    k_rowName);
 
-INSTANTIATE_TEST_SUITE_P(Comments, ParserEvents,
-                         testing::Values(Row{"ToTheEndOfTheLine", "// x ]\n[1]//",
-                                             "start_array;number 1;end_array;"},
-                                         Row{"InAStretch", "/* { */[/**/1/* , */]/***/",
-                                             "start_array;number 1;end_array;"},
-                                         Row{"BetweenKeyAndValue", "{//k\n\"a\"/*:*/:/*v*/1}",
-                                             "start_map;key a;number 1;end_map;"},
-                                         Row{"NotInAString", R"("/* // */")", "string /* // */;"},
-                                         Row{"OnlyAComment", "/* nothing */", ""}),
-                         nameOf);
+INSTANTIATE_TEST_SUITE_P(
+    Comments, ParserEvents,
+    testing::Values(TextWithEvents{"ToTheEndOfTheLine", "// x ]\n[1]//",
+                                   "start_array;number 1;end_array;"},
+                    TextWithEvents{"InAStretch", "/* { */[/**/1/* , */]/***/",
+                                   "start_array;number 1;end_array;"},
+                    TextWithEvents{"BetweenKeyAndValue", "{//k\n\"a\"/*:*/:/*v*/1}",
+                                   "start_map;key a;number 1;end_map;"},
+                    TextWithEvents{"NotInAString", R"("/* // */")", "string /* // */;"},
+                    TextWithEvents{"OnlyAComment", "/* nothing */", ""}),
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Texts, ParserEvents,
     testing::Values(
-        Row{"ShortEscapes", R"("\"\\\/\b\f\n\r\t")", "string \"\\/\b\f\n\r\t;"},
-        Row{"EscapedCodePoints", R"(["\u0041\u00e9\u20AC","\ud83d\ude00"])",
+        TextWithEvents{"ShortEscapes", R"("\"\\\/\b\f\n\r\t")", "string \"\\/\b\f\n\r\t;"},
+        TextWithEvents{
+            "EscapedCodePoints", R"(["\u0041\u00e9\u20AC","\ud83d\ude00"])",
             "start_array;string A\xC3\xA9\xE2\x82\xAC;string \xF0\x9F\x98\x80;end_array;"},
-        Row{"EscapesInAKey", R"({"\u0061\tb":null})", "start_map;key a\tb;null;end_map;"},
-        Row{"EscapedZeroBytes", R"({"a\u0000b":"\u0000c"})",
-            "start_map;key a\0b;string \0c;end_map;"s},
-        Row{"NonAscii", "[\"\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\"]",
-            "start_array;string \xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80;end_array;"},
-        Row{"BytesThatAreNotUtf8", "{\"\xFF\xC0\":\"\x80 \xC3( \xED\xA0\x80 \xE2\x82\"}",
-            "start_map;key \xFF\xC0;string \x80 \xC3( \xED\xA0\x80 \xE2\x82;end_map;"}),
-    nameOf);
+        TextWithEvents{"EscapesInAKey", R"({"\u0061\tb":null})",
+                       "start_map;key a\tb;null;end_map;"},
+        TextWithEvents{"EscapedZeroBytes", R"({"a\u0000b":"\u0000c"})",
+                       "start_map;key a\0b;string \0c;end_map;"s},
+        TextWithEvents{"NonAscii", "[\"\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\"]",
+                       "start_array;string \xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80;end_array;"},
+        TextWithEvents{"BytesThatAreNotUtf8", "{\"\xFF\xC0\":\"\x80 \xC3( \xED\xA0\x80 \xE2\x82\"}",
+                       "start_map;key \xFF\xC0;string \x80 \xC3( \xED\xA0\x80 \xE2\x82;end_map;"}),
+    k_rowName);
 
 class TopLevelNumber : public testing::TestWithParam<const char*> {};
 

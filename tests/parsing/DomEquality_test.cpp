@@ -7,6 +7,7 @@
 
 #include <zo/Tessera.h>
 
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 namespace {
@@ -29,18 +30,18 @@ Dom domOf(const Side& side) {
     return dom;
 }
 
-struct Row {
+struct Sides {
     const char* name;
     Side left;
     Side right;
     bool equal;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const Sides& row, std::ostream* out) {
     *out << row.name;
 }
 
-class DomEquality : public testing::TestWithParam<Row> {};
+class DomEquality : public testing::TestWithParam<Sides> {};
 
 TEST_P(DomEquality, HoldsFromBothSidesAndIsNegatedByNotEqual) {
     const Dom left = domOf(GetParam().left);
@@ -51,31 +52,28 @@ TEST_P(DomEquality, HoldsFromBothSidesAndIsNegatedByNotEqual) {
     EXPECT_EQ(right != left, !GetParam().equal);
 }
 
-std::string nameOf(const testing::TestParamInfo<Row>& row) {
-    return row.param.name;
-}
-
 INSTANTIATE_TEST_SUITE_P(
     Trees, DomEquality,
-    testing::Values(Row{"SameTree", {R"({"a":[1,null]})"}, {R"( { "a" : [ 1 , null ] } )"}, true},
-                    Row{"OtherValue", {R"({"a":[1,null]})"}, {R"({"a":[2,null]})"}, false},
-                    Row{"OtherKind", {"[]"}, {"{}"}, false},
-                    Row{"OneMore", {"[1]"}, {"[1,1]"}, false},
+    testing::Values(Sides{"SameTree", {R"({"a":[1,null]})"}, {R"( { "a" : [ 1 , null ] } )"}, true},
+                    Sides{"OtherValue", {R"({"a":[1,null]})"}, {R"({"a":[2,null]})"}, false},
+                    Sides{"OtherKind", {"[]"}, {"{}"}, false},
+                    Sides{"OneMore", {"[1]"}, {"[1,1]"}, false},
                     // Objects compare by their members' values alone.
-                    Row{"OtherKey", {R"({"a":1})"}, {R"({"b":1})"}, true},
+                    Sides{"OtherKey", {R"({"a":1})"}, {R"({"b":1})"}, true},
                     // Deliberately: a document without a root equals none but itself.
-                    Row{"NoRoots", {""}, {""}, false}, Row{"RootAndNone", {"null"}, {""}, false}),
-    nameOf);
+                    Sides{"NoRoots", {""}, {""}, false},
+                    Sides{"RootAndNone", {"null"}, {""}, false}),
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Settings, DomEquality,
     testing::Values(
-        Row{"SameSettings", {"[1]", false, "about"}, {"[1]", false, "about"}, true},
-        Row{"OtherMetaFlag", {"[1]", true}, {"[1]", false}, false},
-        Row{"OtherMetaKey", {"[1]", true, "meta"}, {"[1]", true, "Meta"}, false},
-        Row{"MetaKeyWithAZeroByte", {"[1]", true, "meta"}, {"[1]", true, "meta\0"s}, false},
-        Row{"NoRootsAndOtherSettings", {"", true, "a"}, {"", false, "b"}, false}),
-    nameOf);
+        Sides{"SameSettings", {"[1]", false, "about"}, {"[1]", false, "about"}, true},
+        Sides{"OtherMetaFlag", {"[1]", true}, {"[1]", false}, false},
+        Sides{"OtherMetaKey", {"[1]", true, "meta"}, {"[1]", true, "Meta"}, false},
+        Sides{"MetaKeyWithAZeroByte", {"[1]", true, "meta"}, {"[1]", true, "meta\0"s}, false},
+        Sides{"NoRootsAndOtherSettings", {"", true, "a"}, {"", false, "b"}, false}),
+    k_rowName);
 
 TEST(DomEqualsItself, WithAndWithoutARoot) {
     const Dom empty;

@@ -10,6 +10,7 @@
 #include <zo/Tessera/Element.h>
 
 #include "parsing/Mourned.h"
+#include "parsing/stateOf.h"
 #include "support/dump.h"
 #include "support/inPlace.h"
 #include "support/parsed.h"
@@ -22,23 +23,18 @@ namespace {
 static_assert(std::is_nothrow_move_constructible_v<Dom>);
 static_assert(std::is_nothrow_move_assignable_v<Dom>);
 
-const char* const k_tree = R"({"a": [1.50, {"b": null}], "c": "x"})";
-
-std::string stateOf(const Dom& dom) {
-    return (dom.root() ? dump(*dom.root()) : "no root\n") +
-           (dom.includeMeta() ? "with " : "without ") + dom.metaKey();
-}
+const char* const k_json = R"({"a": [1.50, {"b": null}], "c": "x"})";
 
 class MovedDom : public testing::Test {
 protected:
     MovedDom() {
-        source.setRoot(parsed(k_tree));
+        source.setRoot(parsed(k_json));
         source.setIncludeMeta(false);
         source.setMetaKey("a key that is too long to be kept inside the string");
     }
 
     const std::string state =
-        inPlace(k_tree) + "without a key that is too long to be kept inside the string";
+        inPlace(k_json) + "without a key that is too long to be kept inside the string";
     Dom source;
 };
 

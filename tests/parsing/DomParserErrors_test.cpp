@@ -10,6 +10,7 @@
 #include "parsing/parseFailure.h"
 #include "parsing/whileParsing.h"
 #include "support/dump.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 namespace {
@@ -32,18 +33,18 @@ std::string failureAfter(const std::string& text, const Action& action) {
     return failure;
 }
 
-struct Row {
+struct RefusedValue {
     const char* name;
     void (*call)(DomParser&);
     const char* atTopLevel;
     const char* withoutKey;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const RefusedValue& row, std::ostream* out) {
     *out << row.name;
 }
 
-class DomParserValue : public testing::TestWithParam<Row> {};
+class DomParserValue : public testing::TestWithParam<RefusedValue> {};
 
 TEST_P(DomParserValue, IsRefusedAsASecondRoot) {
     Dom dom;
@@ -121,19 +122,20 @@ TEST_P(DomParserValue, TakesTheKeyAndThePlaceThatAreThere) {
 // "object" without a key is "map" with a root there already: callers match on these texts.
 INSTANTIATE_TEST_SUITE_P(
     DomParser, DomParserValue,
-    testing::Values(Row{"Null", [](DomParser& parser) { parser.cb_null(); },
-                        "Unexpected null value", "Unexpected null value without map key"},
-                    Row{"Boolean", [](DomParser& parser) { parser.cb_boolean(true); },
-                        "Unexpected boolean value", "Unexpected boolean value without map key"},
-                    Row{"Number", [](DomParser& parser) { parser.cb_number("1", 1); },
-                        "Unexpected number value", "Unexpected number value without map key"},
-                    Row{"String", [](DomParser& parser) { parser.cb_string("x", 1); },
-                        "Unexpected string value", "Unexpected string value without map key"},
-                    Row{"Map", [](DomParser& parser) { parser.cb_start_map(); }, "Unexpected map",
-                        "Unexpected object without map key"},
-                    Row{"Array", [](DomParser& parser) { parser.cb_start_array(); },
-                        "Unexpected array", "Unexpected array without map key"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    testing::Values(
+        RefusedValue{"Null", [](DomParser& parser) { parser.cb_null(); }, "Unexpected null value",
+                     "Unexpected null value without map key"},
+        RefusedValue{"Boolean", [](DomParser& parser) { parser.cb_boolean(true); },
+                     "Unexpected boolean value", "Unexpected boolean value without map key"},
+        RefusedValue{"Number", [](DomParser& parser) { parser.cb_number("1", 1); },
+                     "Unexpected number value", "Unexpected number value without map key"},
+        RefusedValue{"String", [](DomParser& parser) { parser.cb_string("x", 1); },
+                     "Unexpected string value", "Unexpected string value without map key"},
+        RefusedValue{"Map", [](DomParser& parser) { parser.cb_start_map(); }, "Unexpected map",
+                     "Unexpected object without map key"},
+        RefusedValue{"Array", [](DomParser& parser) { parser.cb_start_array(); },
+                     "Unexpected array", "Unexpected array without map key"}),
+    k_rowName);
 
 void key(DomParser& parser) {
     parser.cb_map_key("k", 1);
@@ -182,7 +184,7 @@ INSTANTIATE_TEST_SUITE_P(
               "Unexpected end of array! | -1 -1 -1 -1 | no path"},
         Place{"EndOfArrayInAnObject", endArray, R"({"a":{"b":{)",
               R"(Unexpected end of array! | -1 -1 -1 -1 | path "a.b")"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(DomParserStructure, IsRefusedOutsideOfAParse) {
     DomParser parser;

@@ -14,6 +14,7 @@
 #include "parsing/whileParsing.h"
 #include "support/HostileLocale.h"
 #include "support/dump.h"
+#include "support/rowName.h"
 
 namespace {
 
@@ -30,17 +31,17 @@ std::string treeOf(const Dom& dom) {
     return dom.root() ? dump(*dom.root()) : "no root\n";
 }
 
-struct Row {
+struct TextWithTree {
     const char* name;
     std::string text;
     std::string tree;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const TextWithTree& row, std::ostream* out) {
     *out << row.name;
 }
 
-class DomParserTree : public testing::TestWithParam<Row> {};
+class DomParserTree : public testing::TestWithParam<TextWithTree> {};
 
 TEST_P(DomParserTree, IsTheSameFromEachEntrance) {
     const auto& [name, text, tree] = GetParam();
@@ -71,37 +72,36 @@ TEST_P(DomParserTree, IsTheSameWhereverTheStreamPauses) {
     }
 }
 
-std::string nameOf(const testing::TestParamInfo<Row>& row) {
-    return row.param.name;
-}
-
 INSTANTIATE_TEST_SUITE_P(
     OneValue, DomParserTree,
     testing::Values(
-        Row{"Nothing", "", "no root\n"}, Row{"Blanks", " \t\r\n", "no root\n"},
-        Row{"Comment", "// nothing\n", "no root\n"},
-        Row{"Null", "null", "etNull key=\"\" index=- parent=none\n"},
-        Row{"True", "true", "etBoolean true key=\"\" index=- parent=none\n"},
-        Row{"False", "false", "etBoolean false key=\"\" index=- parent=none\n"},
-        Row{"NumberThatABlankFollows", "7 ", "etNumber 7 key=\"\" index=- parent=none\n"},
-        Row{"NumberAtTheVeryEnd", "7", "no root\n"},
-        Row{"NumberKeepsItsText", "1.50e+03 ", "etNumber 1.50e+03 key=\"\" index=- parent=none\n"},
-        Row{"FortyDigits", "-1234567890123456789012345678901234567890 ",
+        TextWithTree{"Nothing", "", "no root\n"}, TextWithTree{"Blanks", " \t\r\n", "no root\n"},
+        TextWithTree{"Comment", "// nothing\n", "no root\n"},
+        TextWithTree{"Null", "null", "etNull key=\"\" index=- parent=none\n"},
+        TextWithTree{"True", "true", "etBoolean true key=\"\" index=- parent=none\n"},
+        TextWithTree{"False", "false", "etBoolean false key=\"\" index=- parent=none\n"},
+        TextWithTree{"NumberThatABlankFollows", "7 ", "etNumber 7 key=\"\" index=- parent=none\n"},
+        TextWithTree{"NumberAtTheVeryEnd", "7", "no root\n"},
+        TextWithTree{"NumberKeepsItsText", "1.50e+03 ",
+                     "etNumber 1.50e+03 key=\"\" index=- parent=none\n"},
+        TextWithTree{
+            "FortyDigits", "-1234567890123456789012345678901234567890 ",
             "etNumber -1234567890123456789012345678901234567890 key=\"\" index=- parent=none\n"},
-        Row{"String", R"("a\tb")", "etString \"a\tb\" key=\"\" index=- parent=none\n"},
-        Row{"StringWithZeroBytes", R"("a\u0000b\u0000")",
-            "etString \"a\0b\0\" key=\"\" index=- parent=none\n"s},
-        Row{"StringThatIsNotUtf8", "\"\xFF\xC3(\"",
-            "etString \"\xFF\xC3(\" key=\"\" index=- parent=none\n"},
-        Row{"EmptyObject", "{}", "etObject key=\"\" index=- parent=none\n"},
-        Row{"EmptyArray", "[]", "etArray key=\"\" index=- parent=none\n"}),
-    nameOf);
+        TextWithTree{"String", R"("a\tb")", "etString \"a\tb\" key=\"\" index=- parent=none\n"},
+        TextWithTree{"StringWithZeroBytes", R"("a\u0000b\u0000")",
+                     "etString \"a\0b\0\" key=\"\" index=- parent=none\n"s},
+        TextWithTree{"StringThatIsNotUtf8", "\"\xFF\xC3(\"",
+                     "etString \"\xFF\xC3(\" key=\"\" index=- parent=none\n"},
+        TextWithTree{"EmptyObject", "{}", "etObject key=\"\" index=- parent=none\n"},
+        TextWithTree{"EmptyArray", "[]", "etArray key=\"\" index=- parent=none\n"}),
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Nested, DomParserTree,
     testing::Values(
-        Row{"MembersKeepTheirOrder", R"({"z":null,"a":true,"m":1.50,"":"x","o":{"i":{}},"l":[]})",
-            R"(etObject key="" index=- parent=none
+        TextWithTree{"MembersKeepTheirOrder",
+                     R"({"z":null,"a":true,"m":1.50,"":"x","o":{"i":{}},"l":[]})",
+                     R"(etObject key="" index=- parent=none
   etNull key="z" index=- parent=right
   etBoolean true key="a" index=- parent=right
   etNumber 1.50 key="m" index=- parent=right
@@ -110,8 +110,8 @@ INSTANTIATE_TEST_SUITE_P(
     etObject key="i" index=- parent=right
   etArray key="l" index=- parent=right
 )"},
-        Row{"ItemsAreCounted", R"([null,[false,[]],2,"x",{"k":[0]}])",
-            R"(etArray key="" index=- parent=none
+        TextWithTree{"ItemsAreCounted", R"([null,[false,[]],2,"x",{"k":[0]}])",
+                     R"(etArray key="" index=- parent=none
   etNull key="[0]" index=0 parent=right
   etArray key="[1]" index=1 parent=right
     etBoolean false key="[0]" index=0 parent=right
@@ -122,33 +122,33 @@ INSTANTIATE_TEST_SUITE_P(
     etArray key="k" index=- parent=right
       etNumber 0 key="[0]" index=0 parent=right
 )"},
-        Row{"KeysKeepTheirBytes", "{\"a\\u0000b\":1,\"\xFF\":2,\"a.b[0]\":3}",
-            "etObject key=\"\" index=- parent=none\n"
-            "  etNumber 1 key=\"a\0b\" index=- parent=right\n"
-            "  etNumber 2 key=\"\xFF\" index=- parent=right\n"
-            "  etNumber 3 key=\"a.b[0]\" index=- parent=right\n"s},
+        TextWithTree{"KeysKeepTheirBytes", "{\"a\\u0000b\":1,\"\xFF\":2,\"a.b[0]\":3}",
+                     "etObject key=\"\" index=- parent=none\n"
+                     "  etNumber 1 key=\"a\0b\" index=- parent=right\n"
+                     "  etNumber 2 key=\"\xFF\" index=- parent=right\n"
+                     "  etNumber 3 key=\"a.b[0]\" index=- parent=right\n"s},
         // The later value wins in the earlier one's place; it knows its object but not its key.
-        Row{"KeyAgain", R"({"a":1,"b":2,"a":"later"})",
-            R"(etObject key="" index=- parent=none
+        TextWithTree{"KeyAgain", R"({"a":1,"b":2,"a":"later"})",
+                     R"(etObject key="" index=- parent=none
   etString "later" key="" index=- parent=right held as "a"
   etNumber 2 key="b" index=- parent=right
 )"},
-        Row{"KeyAgainWithContainers", R"({"a":[1],"a":{"a":[{"c":3}]},"d":4})",
-            R"(etObject key="" index=- parent=none
+        TextWithTree{"KeyAgainWithContainers", R"({"a":[1],"a":{"a":[{"c":3}]},"d":4})",
+                     R"(etObject key="" index=- parent=none
   etObject key="" index=- parent=right held as "a"
     etArray key="a" index=- parent=right
       etObject key="[0]" index=0 parent=right
         etNumber 3 key="c" index=- parent=right
   etNumber 4 key="d" index=- parent=right
 )"},
-        Row{"CutOffText", R"({"a":[1,{"b":[tr)",
-            R"(etObject key="" index=- parent=none
+        TextWithTree{"CutOffText", R"({"a":[1,{"b":[tr)",
+                     R"(etObject key="" index=- parent=none
   etArray key="a" index=- parent=right
     etNumber 1 key="[0]" index=0 parent=right
     etObject key="[1]" index=1 parent=right
       etArray key="b" index=- parent=right
 )"}),
-    nameOf);
+    k_rowName);
 
 TEST(DomParserTree, KeepsNumbersInAHostileLocale) {
     const HostileLocale locale;

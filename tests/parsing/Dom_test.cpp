@@ -10,6 +10,7 @@
 #include <zo/Tessera.h>
 
 #include "parsing/Mourned.h"
+#include "parsing/stateOf.h"
 #include "support/dump.h"
 
 namespace {
@@ -49,11 +50,6 @@ Dom domOf(const std::string& text) {
     Dom dom;
     DomParser().parse(dom, text);
     return dom;
-}
-
-std::string stateOf(const Dom& dom) {
-    return (dom.root() ? dump(*dom.root()) : "no root\n") +
-           (dom.includeMeta() ? "with " : "without ") + dom.metaKey();
 }
 
 /// The document of `k_text` with settings of its own.

@@ -21,7 +21,7 @@ namespace {
 // Too long to be kept inside a string, so that each copy allocates.
 const std::string k_long = "a text that is too long to be kept inside the string";
 
-std::string textOf(const Dom& dom) {
+std::string compactTextOf(const Dom& dom) {
     Generator generator(nullptr);
     generator.setIndent("");
     return dom.root() ? generator.encode(dom) : "no root";
@@ -32,7 +32,7 @@ TEST(OutOfMemory, LeavesThePartOfADocumentThatWasBuilt) {
     const long failures = failEachAllocation(
         [] { return std::make_unique<Dom>(); }, [&](auto& dom) { DomParser().parse(*dom, text); },
         [](const auto& dom) {
-            EXPECT_THAT(textOf(*dom),
+            EXPECT_THAT(compactTextOf(*dom),
                         testing::AnyOf("no root", "{}", "{\"" + k_long + "\":[]}",
                                        "{\"" + k_long + "\":[1]}",
                                        "{\"" + k_long + "\":[1,\"" + k_long + "\"]}"));
@@ -51,7 +51,7 @@ TEST(OutOfMemory, LosesNothingWhileAnErrorIsReported) {
                 ++reported;
             }
         },
-        [](const auto& dom) { EXPECT_THAT(textOf(*dom), testing::AnyOf("no root", "[]")); });
+        [](const auto& dom) { EXPECT_THAT(compactTextOf(*dom), testing::AnyOf("no root", "[]")); });
     EXPECT_GT(failures, 5);
     EXPECT_EQ(reported, 2);
 }
@@ -164,7 +164,7 @@ TEST(OutOfMemory, LeavesADocumentAsItWasWhenItIsAssignedTo) {
         },
         [&](auto& dom) { *dom = source; },
         [](const auto& dom) {
-            EXPECT_EQ(textOf(*dom), "false");
+            EXPECT_EQ(compactTextOf(*dom), "false");
             EXPECT_EQ(dom->metaKey(), "meta");
         });
     EXPECT_GT(failures, 2);
@@ -179,7 +179,7 @@ TEST(OutOfMemory, LeavesADocumentItsRootWhenACopyIsToReplaceIt) {
             return dom;
         },
         [&](auto& dom) { dom->setRoot(*root); },
-        [](const auto& dom) { EXPECT_EQ(textOf(*dom), "false"); });
+        [](const auto& dom) { EXPECT_EQ(compactTextOf(*dom), "false"); });
     EXPECT_EQ(failures, 2);
 }
 

@@ -13,6 +13,7 @@
 
 #include "support/HostileLocale.h"
 #include "support/exceptionText.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 namespace {
@@ -43,7 +44,7 @@ protected:
     Element* m_item = Element::createNull(m_list);
 };
 
-struct Row {
+struct Position {
     const char* name;
     int line;
     int column;
@@ -52,14 +53,14 @@ struct Row {
     const char* text;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const Position& row, std::ostream* out) {
     *out << row.name;
 }
 
-class ParseExceptionText : public testing::TestWithParam<Row> {};
+class ParseExceptionText : public testing::TestWithParam<Position> {};
 
 TEST_P(ParseExceptionText, NamesThePositionsThatAreThere) {
-    const Row& row = GetParam();
+    const Position& row = GetParam();
     const ParseException made("bad", row.line, row.column, row.endLine, row.endColumn, nullptr);
     EXPECT_EQ(textOf(made), row.text);
 
@@ -69,45 +70,41 @@ TEST_P(ParseExceptionText, NamesThePositionsThatAreThere) {
 }
 
 TEST_P(ParseExceptionText, EndsWithTheAddressOfThePath) {
-    const Row& row = GetParam();
+    const Position& row = GetParam();
     const Object element;
     const ParseException exception(&element, "bad", row.line, row.column, row.endLine,
                                    row.endColumn, nullptr);
     EXPECT_EQ(textOf(exception), row.text + addressPart(exception));
 }
 
-std::string nameOf(const testing::TestParamInfo<Row>& row) {
-    return row.param.name;
-}
-
 // Nothing stands between the position and the message: callers match on this text.
 INSTANTIATE_TEST_SUITE_P(
     EachCombination, ParseExceptionText,
-    testing::Values(Row{"Nothing", -1, -1, -1, -1, "bad"},
-                    Row{"Line", 3, -1, -1, -1, "Parse error at 3bad"},
-                    Row{"Column", -1, 7, -1, -1, "bad"},
-                    Row{"LineColumn", 3, 7, -1, -1, "Parse error at 3,7bad"},
-                    Row{"EndLine", -1, -1, 5, -1, "5bad"},
-                    Row{"LineEndLine", 3, -1, 5, -1, "Parse error at 3-5bad"},
-                    Row{"ColumnEndLine", -1, 7, 5, -1, "5bad"},
-                    Row{"LineColumnEndLine", 3, 7, 5, -1, "Parse error at 3,7-5bad"},
-                    Row{"EndColumn", -1, -1, -1, 9, "bad"},
-                    Row{"LineEndColumn", 3, -1, -1, 9, "Parse error at 3bad"},
-                    Row{"ColumnEndColumn", -1, 7, -1, 9, "bad"},
-                    Row{"LineColumnEndColumn", 3, 7, -1, 9, "Parse error at 3,7bad"},
-                    Row{"EndLineEndColumn", -1, -1, 5, 9, "5,9bad"},
-                    Row{"LineEndLineEndColumn", 3, -1, 5, 9, "Parse error at 3-5,9bad"},
-                    Row{"ColumnEndLineEndColumn", -1, 7, 5, 9, "5,9bad"},
-                    Row{"Everything", 3, 7, 3, 9, "Parse error at 3,7-3,9bad"}),
-    nameOf);
+    testing::Values(Position{"Nothing", -1, -1, -1, -1, "bad"},
+                    Position{"Line", 3, -1, -1, -1, "Parse error at 3bad"},
+                    Position{"Column", -1, 7, -1, -1, "bad"},
+                    Position{"LineColumn", 3, 7, -1, -1, "Parse error at 3,7bad"},
+                    Position{"EndLine", -1, -1, 5, -1, "5bad"},
+                    Position{"LineEndLine", 3, -1, 5, -1, "Parse error at 3-5bad"},
+                    Position{"ColumnEndLine", -1, 7, 5, -1, "5bad"},
+                    Position{"LineColumnEndLine", 3, 7, 5, -1, "Parse error at 3,7-5bad"},
+                    Position{"EndColumn", -1, -1, -1, 9, "bad"},
+                    Position{"LineEndColumn", 3, -1, -1, 9, "Parse error at 3bad"},
+                    Position{"ColumnEndColumn", -1, 7, -1, 9, "bad"},
+                    Position{"LineColumnEndColumn", 3, 7, -1, 9, "Parse error at 3,7bad"},
+                    Position{"EndLineEndColumn", -1, -1, 5, 9, "5,9bad"},
+                    Position{"LineEndLineEndColumn", 3, -1, 5, 9, "Parse error at 3-5,9bad"},
+                    Position{"ColumnEndLineEndColumn", -1, 7, 5, 9, "5,9bad"},
+                    Position{"Everything", 3, 7, 3, 9, "Parse error at 3,7-3,9bad"}),
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     OnlyMinusOneIsAbsent, ParseExceptionText,
-    testing::Values(Row{"Zero", 0, 0, 0, 0, "Parse error at 0,0-0,0bad"},
-                    Row{"MinusTwo", -2, -2, -2, -2, "Parse error at -2,-2--2,-2bad"},
-                    Row{"Largest", 2147483647, 1234567, 2147483647, 1234567,
-                        "Parse error at 2147483647,1234567-2147483647,1234567bad"}),
-    nameOf);
+    testing::Values(Position{"Zero", 0, 0, 0, 0, "Parse error at 0,0-0,0bad"},
+                    Position{"MinusTwo", -2, -2, -2, -2, "Parse error at -2,-2--2,-2bad"},
+                    Position{"Largest", 2147483647, 1234567, 2147483647, 1234567,
+                             "Parse error at 2147483647,1234567-2147483647,1234567bad"}),
+    k_rowName);
 
 TEST(ParseException, WritesPlainDecimalsInAHostileLocale) {
     const HostileLocale locale;

@@ -16,6 +16,7 @@
 #include "support/dump.h"
 #include "support/exceptionText.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -241,14 +242,14 @@ TEST_F(ElementCreatorSteps, InsertTheValueAsItWasAtTheBeginning) {
     EXPECT_EQ(m_root->at("new").getStringValue().value(), "new");
 }
 
-struct Refused {
+struct CreatorRefusal {
     const char* name;
     const char* path;
     const char* key;
     const char* at;
 };
 
-class ElementCreatorRefusals : public testing::TestWithParam<Refused> {
+class ElementCreatorRefusals : public testing::TestWithParam<CreatorRefusal> {
 protected:
     const std::unique_ptr<Element> m_root =
         parsed(R"({"o":{},"list":[true],"n":1,"s":"t","z":null})");
@@ -283,21 +284,21 @@ TEST_P(ElementCreatorRefusals, ThrowAndChangeNothing) {
 
 INSTANTIATE_TEST_SUITE_P(
     ElementCreator, ElementCreatorRefusals,
-    testing::Values(Refused{"OfAKeyInAnArray", "list.k", "k", "list"},
-                    Refused{"OfAKeyInANumber", "n.k", "k", "n"},
-                    Refused{"OfAKeyInAString", "s.k.l", "k", "s"},
-                    Refused{"OfAKeyInANull", "z.k", "k", "z"},
-                    Refused{"OfAnIndexInAnObject", "o[0]", "[0]", "o"},
-                    Refused{"OfAnIndexInTheRoot", "[0]", "[0]", ""},
-                    Refused{"OfAnIndexInANumber", "n[0]", "[0]", "n"},
-                    Refused{"OfTheItemAtTheEnd", "list[1]", "[1]", "list"},
-                    Refused{"OfTheLargestIndex", "list[18446744073709551614]",
-                            "[18446744073709551614]", "list"},
+    testing::Values(CreatorRefusal{"OfAKeyInAnArray", "list.k", "k", "list"},
+                    CreatorRefusal{"OfAKeyInANumber", "n.k", "k", "n"},
+                    CreatorRefusal{"OfAKeyInAString", "s.k.l", "k", "s"},
+                    CreatorRefusal{"OfAKeyInANull", "z.k", "k", "z"},
+                    CreatorRefusal{"OfAnIndexInAnObject", "o[0]", "[0]", "o"},
+                    CreatorRefusal{"OfAnIndexInTheRoot", "[0]", "[0]", ""},
+                    CreatorRefusal{"OfAnIndexInANumber", "n[0]", "[0]", "n"},
+                    CreatorRefusal{"OfTheItemAtTheEnd", "list[1]", "[1]", "list"},
+                    CreatorRefusal{"OfTheLargestIndex", "list[18446744073709551614]",
+                                   "[18446744073709551614]", "list"},
                     // the index "*" is shown as the number that stands for it
-                    Refused{"OfAnyItemInAnObject", "o[*]", "[18446744073709551615]", "o"},
-                    Refused{"OfAnyItemInANull", "z[*].k", "[18446744073709551615]", "z"},
-                    Refused{"BeforeASyntaxError", "n.k..", "k", "n"}),
-    [](const auto& row) { return std::string(row.param.name); });
+                    CreatorRefusal{"OfAnyItemInAnObject", "o[*]", "[18446744073709551615]", "o"},
+                    CreatorRefusal{"OfAnyItemInANull", "z[*].k", "[18446744073709551615]", "z"},
+                    CreatorRefusal{"BeforeASyntaxError", "n.k..", "k", "n"}),
+    k_rowName);
 
 // The application's own kind, which can turn into another while a path is walked.
 class Chameleon : public Object {

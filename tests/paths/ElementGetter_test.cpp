@@ -16,6 +16,7 @@
 
 #include "support/dump.h"
 #include "support/exceptionText.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -26,14 +27,14 @@ static_assert(
 
 namespace {
 
-const char* const k_document =
+const char* const k_smallDocument =
     R"({"a":[10,20],"o":{"x.y":true,"deep":{"k":"v"}},"n":1,"s":"text","b":true,"z":null})";
 
 class ElementGetterSteps : public testing::Test {
 protected:
     ElementGetterSteps() {
         Dom dom;
-        DomParser().parse(dom, k_document);
+        DomParser().parse(dom, k_smallDocument);
         m_root = dom.takeRoot();
     }
 
@@ -157,18 +158,18 @@ TEST_F(ElementGetterSteps, ThrowForSyntaxErrorsWhetherMissingSegmentsThrowOrNot)
     }
 }
 
-struct Row {
+struct Run {
     const char* name;
     const char* path;
     const char* reached;  // the path of currentElement() at the end
     const char* missing;  // the segment that is not there
 };
 
-class ElementGetterRuns : public testing::TestWithParam<Row> {
+class ElementGetterRuns : public testing::TestWithParam<Run> {
 protected:
     ElementGetterRuns() {
         Dom dom;
-        DomParser().parse(dom, k_document);
+        DomParser().parse(dom, k_smallDocument);
         m_root = dom.takeRoot();
     }
 
@@ -207,32 +208,32 @@ TEST_P(ElementGetterRuns, ThrowWhatIsMissing) {
 INSTANTIATE_TEST_SUITE_P(
     ElementGetter, ElementGetterRuns,
     testing::Values(
-        Row{"OfNothing", "", "", nullptr}, Row{"OfAMember", "n", "n", nullptr},
-        Row{"OfAMissingMember", "m", "", "m"}, Row{"OfAMemberInAnotherCase", "N", "", "N"},
-        Row{"OfMembersInMembers", "o.deep.k", "o.deep.k", nullptr},
-        Row{"OfAMissingMemberInTheMiddle", "o.none.k", "o", "none"},
-        Row{"OfAMissingMemberAtTheEnd", "o.deep.none", "o.deep", "none"},
-        Row{"OfAnEscapedKey", "o.x\\.y", "o.x\\.y", nullptr},
-        Row{"OfAnEscapedKeyThatIsMissing", "o.x\\]y", "o", "x]y"},
-        Row{"OfTheFirstItem", "a[0]", "a[0]", nullptr},
-        Row{"OfTheLastItem", "a[1]", "a[1]", nullptr},
-        Row{"OfAnItemWithZerosBefore", "a[001]", "a[1]", nullptr},
-        Row{"OfTheItemAtTheEnd", "a[2]", "a", "[2]"},
-        Row{"OfAnItemAtTheEndWithZerosBefore", "a[002]", "a", "[2]"},
-        Row{"OfTheLargestIndex", "a[18446744073709551614]", "a", "[18446744073709551614]"},
-        Row{"OfAMemberOfAnItem", "a[1].k", "a[1]", "k"}, Row{"OfAKeyInAnArray", "a.k", "a", "k"},
-        Row{"OfAnIndexAsAKeyInAnArray", "a.0", "a", "0"},
-        Row{"OfAnIndexInAnObject", "o[0]", "o", "[0]"},
-        Row{"OfAnIndexInTheRoot", "[0].a", "", "[0]"}, Row{"OfAKeyInANumber", "n.k", "n", "k"},
-        Row{"OfAnIndexInANumber", "n[0]", "n", "[0]"}, Row{"OfAKeyInAString", "s.k", "s", "k"},
-        Row{"OfAnIndexInAString", "s[0]", "s", "[0]"}, Row{"OfAKeyInABoolean", "b.k", "b", "k"},
-        Row{"OfAnIndexInABoolean", "b[0]", "b", "[0]"}, Row{"OfAKeyInANull", "z.k", "z", "k"},
-        Row{"OfAnIndexInANull", "z[0]", "z", "[0]"},
+        Run{"OfNothing", "", "", nullptr}, Run{"OfAMember", "n", "n", nullptr},
+        Run{"OfAMissingMember", "m", "", "m"}, Run{"OfAMemberInAnotherCase", "N", "", "N"},
+        Run{"OfMembersInMembers", "o.deep.k", "o.deep.k", nullptr},
+        Run{"OfAMissingMemberInTheMiddle", "o.none.k", "o", "none"},
+        Run{"OfAMissingMemberAtTheEnd", "o.deep.none", "o.deep", "none"},
+        Run{"OfAnEscapedKey", "o.x\\.y", "o.x\\.y", nullptr},
+        Run{"OfAnEscapedKeyThatIsMissing", "o.x\\]y", "o", "x]y"},
+        Run{"OfTheFirstItem", "a[0]", "a[0]", nullptr},
+        Run{"OfTheLastItem", "a[1]", "a[1]", nullptr},
+        Run{"OfAnItemWithZerosBefore", "a[001]", "a[1]", nullptr},
+        Run{"OfTheItemAtTheEnd", "a[2]", "a", "[2]"},
+        Run{"OfAnItemAtTheEndWithZerosBefore", "a[002]", "a", "[2]"},
+        Run{"OfTheLargestIndex", "a[18446744073709551614]", "a", "[18446744073709551614]"},
+        Run{"OfAMemberOfAnItem", "a[1].k", "a[1]", "k"}, Run{"OfAKeyInAnArray", "a.k", "a", "k"},
+        Run{"OfAnIndexAsAKeyInAnArray", "a.0", "a", "0"},
+        Run{"OfAnIndexInAnObject", "o[0]", "o", "[0]"},
+        Run{"OfAnIndexInTheRoot", "[0].a", "", "[0]"}, Run{"OfAKeyInANumber", "n.k", "n", "k"},
+        Run{"OfAnIndexInANumber", "n[0]", "n", "[0]"}, Run{"OfAKeyInAString", "s.k", "s", "k"},
+        Run{"OfAnIndexInAString", "s[0]", "s", "[0]"}, Run{"OfAKeyInABoolean", "b.k", "b", "k"},
+        Run{"OfAnIndexInABoolean", "b[0]", "b", "[0]"}, Run{"OfAKeyInANull", "z.k", "z", "k"},
+        Run{"OfAnIndexInANull", "z[0]", "z", "[0]"},
         // what follows a missing segment is not read
-        Row{"WithAnyItemAfterAMissingKey", "none[*]", "", "none"},
-        Row{"WithAnErrorAfterAMissingKey", "none..k", "", "none"},
-        Row{"WithAnErrorAfterAMissingItem", "a[2]]", "a", "[2]"}),
-    [](const auto& row) { return std::string(row.param.name); });
+        Run{"WithAnyItemAfterAMissingKey", "none[*]", "", "none"},
+        Run{"WithAnErrorAfterAMissingKey", "none..k", "", "none"},
+        Run{"WithAnErrorAfterAMissingItem", "a[2]]", "a", "[2]"}),
+    k_rowName);
 
 // The application's own kind: an object that says to be something else.
 class Disguised : public Object {

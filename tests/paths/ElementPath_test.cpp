@@ -17,9 +17,9 @@ using namespace zo::Tessera;
 
 namespace {
 
-using Write = std::ostream& (*)(std::ostream&, const Element&, const Element*);
+using WritePath = std::ostream& (*)(std::ostream&, const Element&, const Element*);
 
-std::string collected(Write write, const Element& element, const Element* root) {
+std::string collected(WritePath write, const Element& element, const Element* root) {
     std::ostringstream out;
     EXPECT_EQ(&write(out, element, root), &out);
     return out.str();

@@ -17,6 +17,7 @@
 
 #include "paths/notFound.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -26,36 +27,37 @@ namespace {
 using Owner = std::unique_ptr<Element>;
 
 template <class Asked, class Pattern>
-using Found = decltype(std::declval<Asked&>().findElement(
+using FoundElement = decltype(std::declval<Asked&>().findElement(
     std::declval<const Pattern&>(), std::declval<const Path&>(), std::declval<const Path&>()));
-static_assert(std::is_same_v<Found<Element, Element>, Element*>);
-static_assert(std::is_same_v<Found<Element, Owner>, Element*>);
-static_assert(std::is_same_v<Found<const Element, Element>, const Element*>);
-static_assert(std::is_same_v<Found<const Element, Owner>, const Element*>);
+static_assert(std::is_same_v<FoundElement<Element, Element>, Element*>);
+static_assert(std::is_same_v<FoundElement<Element, Owner>, Element*>);
+static_assert(std::is_same_v<FoundElement<const Element, Element>, const Element*>);
+static_assert(std::is_same_v<FoundElement<const Element, Owner>, const Element*>);
 
-struct Form {
+struct FindForm {
     const char* name;
     const Element* (*find)(Element& asked, const Owner& pattern, const Path& keyPath,
                            const Path& arrayPath);
 };
 
-const auto k_forms = testing::Values(
-    Form{"Reference",
-         [](Element& asked, const Owner& pattern, const Path& keyPath,
-            const Path& arrayPath) -> const Element* {
-             return asked.findElement(std::as_const(*pattern), keyPath, arrayPath);
-         }},
-    Form{"ConstReference",
-         [](Element& asked, const Owner& pattern, const Path& keyPath, const Path& arrayPath) {
-             return std::as_const(asked).findElement(std::as_const(*pattern), keyPath, arrayPath);
-         }},
-    Form{"Owner",
-         [](Element& asked, const Owner& pattern, const Path& keyPath, const Path& arrayPath)
-             -> const Element* { return asked.findElement(pattern, keyPath, arrayPath); }},
-    Form{"ConstOwner",
-         [](Element& asked, const Owner& pattern, const Path& keyPath, const Path& arrayPath) {
-             return std::as_const(asked).findElement(pattern, keyPath, arrayPath);
-         }});
+const auto k_findForms = testing::Values(
+    FindForm{"Reference",
+             [](Element& asked, const Owner& pattern, const Path& keyPath,
+                const Path& arrayPath) -> const Element* {
+                 return asked.findElement(std::as_const(*pattern), keyPath, arrayPath);
+             }},
+    FindForm{"ConstReference",
+             [](Element& asked, const Owner& pattern, const Path& keyPath, const Path& arrayPath) {
+                 return std::as_const(asked).findElement(std::as_const(*pattern), keyPath,
+                                                         arrayPath);
+             }},
+    FindForm{"Owner",
+             [](Element& asked, const Owner& pattern, const Path& keyPath, const Path& arrayPath)
+                 -> const Element* { return asked.findElement(pattern, keyPath, arrayPath); }},
+    FindForm{"ConstOwner",
+             [](Element& asked, const Owner& pattern, const Path& keyPath, const Path& arrayPath) {
+                 return std::as_const(asked).findElement(pattern, keyPath, arrayPath);
+             }});
 
 /// The pattern is the only item of a JSON array.
 struct Search {
@@ -67,7 +69,7 @@ struct Search {
     const char* found;  // the path of the item
 };
 
-class FindElement : public testing::TestWithParam<std::tuple<Form, Search>> {};
+class FindElement : public testing::TestWithParam<std::tuple<FindForm, Search>> {};
 
 TEST_P(FindElement, GivesTheFirstItemThatMatchesOrNull) {
     const auto& [form, row] = GetParam();
@@ -110,7 +112,7 @@ const auto k_searches = testing::Values(
     // Its comparison throws ValueOutOfRange.
     Search{"SkipsANumberOutOfRange", "[1e400, 2]", "[2]", "", "", "[1]"});
 
-INSTANTIATE_TEST_SUITE_P(Element, FindElement, testing::Combine(k_forms, k_searches),
+INSTANTIATE_TEST_SUITE_P(Element, FindElement, testing::Combine(k_findForms, k_searches),
                          [](const auto& row) {
                              return std::string(std::get<0>(row.param).name) + "Finds" +
                                     std::get<1>(row.param).name;
@@ -128,7 +130,7 @@ private:
     Answer m_answer;
 };
 
-class FindElementForm : public testing::TestWithParam<Form> {
+class FindElementForm : public testing::TestWithParam<FindForm> {
 protected:
     static const Element* find(Element& asked, const Owner& pattern, const Path& keyPath,
                                const Path& arrayPath) {
@@ -139,8 +141,7 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(Element, FindElementForm, k_forms,
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Element, FindElementForm, k_findForms, k_rowName);
 
 TEST_P(FindElementForm, AsksThePatternToCompareAndNoItem) {
     Array list;

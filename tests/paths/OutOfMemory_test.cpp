@@ -15,6 +15,7 @@
 #include <zo/Tessera/Object.h>
 #include <zo/Tessera/TBasicElement.h>
 
+#include "paths/creating.h"
 #include "support/FailingNew.h"
 #include "support/dump.h"
 #include "support/parsed.h"
@@ -26,14 +27,6 @@ namespace {
 // Too long to be kept inside a string, so that each copy allocates.
 const std::string k_key = "a key that is too long to be kept inside the string";
 const std::string k_text = "a text that is too long to be kept inside the string";
-
-using Create = Element& (*)(Element& root, const Path& path, const Element& value);
-
-Element& tryCreate(Element& root, const Path& path, const Element& value) {
-    return *Path::tryCreateElement(root, path, value);
-}
-
-constexpr Create k_both[] = {&Path::createElement, &tryCreate};
 
 /// ["<k_text>"], to be copied to the end of the path.
 std::unique_ptr<Element> makeValue() {
@@ -53,7 +46,7 @@ TEST(OutOfMemory, LeavesTheMembersThatWereCreatedOnTheWay) {
     const std::string two = one + "    etObject key=\"" + k_key + "\" index=- parent=right\n";
     const std::string all =
         two + "      etArray key=\"" + k_key + "\" index=- parent=right\n        " + k_insertedText;
-    for (const Create create : k_both) {
+    for (const Create create : k_bothCreate) {
         const long failures = failEachAllocation(
             object, [&](auto& root) { create(*root, path, *value); },
             [&](const auto& root) {
@@ -71,13 +64,13 @@ TEST(OutOfMemory, LeavesTheItemsThatWereCreatedOnTheWay) {
     const auto value = makeValue();
     const std::string none = "etArray key=\"\" index=- parent=none\n";
     const std::string one = none + "  etArray key=\"[0]\" index=0 parent=right\n";
-    for (const Create create : k_both) {
+    for (const Create create : k_bothCreate) {
         const long failures = failEachAllocation(
             array, [&](auto& root) { create(*root, path, *value); },
             [&](const auto& root) {
                 EXPECT_THAT(dump(*root), testing::AnyOf(none, one));
                 const size_t size = root->size();
-                Element& created = create(*root, path, *value);
+                Element& created = *create(*root, path, *value);
                 EXPECT_EQ(&created, &root->at(size).at(0));
                 EXPECT_EQ(created.at(0).getStringValue().value(), k_text);
             });
@@ -105,7 +98,7 @@ TEST(OutOfMemory, ChangesNothingThatExists) {
     const auto value = makeValue();
     const Path path = k_key + "[0]";
     const auto make = [] { return makeTarget(true); };
-    for (const Create create : k_both) {
+    for (const Create create : k_bothCreate) {
         expectAllOrNothing(make, [&](auto& root) { create(*root, path, *value); });
     }
 }
@@ -172,7 +165,7 @@ std::unique_ptr<Element> makeList() {
 }
 
 /// Their texts as `at` reaches them, each with its stored index.
-std::string itemsOf(const Element& list) {
+std::string textsOf(const Element& list) {
     std::string items;
     for (size_t i = 0; i < list.size(); ++i) {
         const Element& item = list.at(i);
@@ -187,9 +180,9 @@ TEST(OutOfMemory, KeepsTheArrayWholeFromWhichSomeWereRemoved) {
     std::set<std::string> left;
     const auto remove = [&](auto& list) { list->removeElement(*pattern, keyPath, ""); };
     const auto check = [&](const auto& list) {
-        left.insert(itemsOf(*list));
+        left.insert(textsOf(*list));
         remove(list);
-        EXPECT_EQ(itemsOf(*list), "a2b5");
+        EXPECT_EQ(textsOf(*list), "a2b5");
     };
     failEachAllocation(makeList, remove, check);
     EXPECT_THAT(left, testing::ElementsAre("a2b5", "a2x3b4", "x0a1x2b3"));

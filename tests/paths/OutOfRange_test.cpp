@@ -11,6 +11,7 @@
 #include "paths/RemoveForms.h"
 #include "support/NumberOf.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -22,7 +23,7 @@ namespace {
 using Owner = std::unique_ptr<Element>;
 
 /// The items' texts as `at` reaches them, each with its stored index.
-std::string itemsOf(const Element& array) {
+std::string numbersOf(const Element& array) {
     std::string items;
     for (size_t i = 0; i < array.size(); ++i) {
         const Element& item = array.at(i);
@@ -32,20 +33,20 @@ std::string itemsOf(const Element& array) {
     return items;
 }
 
-struct Row {
+struct StaleNumber {
     const char* name;
     const char* text;
     Owner (*stale)();    // what it counts as later
     Owner (*another)();  // near, but not equal
 };
 
-const Row k_rows[] = {
+const StaleNumber k_staleNumbers[] = {
     {"Unsigned", "12345678901234567890", [] { return value(0U); }, [] { return value(0); }},
     {"Negative", "-123456789012345678", [] { return value(0); }, [] { return value(0U); }},
     {"Double", "1e400", [] { return value(0.0); }, [] { return value(1e308); }},
 };
 
-class ItemOutOfRange : public testing::TestWithParam<Row> {
+class ItemOutOfRange : public testing::TestWithParam<StaleNumber> {
 protected:
     Owner m_list = parsed("[" + std::string(GetParam().text) + ", 7]");
 };
@@ -68,14 +69,13 @@ TEST_P(ItemOutOfRange, IsRemovedTheSecondTime) {
         const Owner list = parsed("[" + std::string(GetParam().text) + ", 7]");
         const Owner pattern = GetParam().stale();
         form.remove(*list, pattern, "", "");
-        EXPECT_EQ(itemsOf(*list), std::string(GetParam().text) + " #0; 7 #1; ") << form.name;
+        EXPECT_EQ(numbersOf(*list), std::string(GetParam().text) + " #0; 7 #1; ") << form.name;
         form.remove(*list, pattern, "", "");
-        EXPECT_EQ(itemsOf(*list), "7 #2; ") << form.name;
+        EXPECT_EQ(numbersOf(*list), "7 #2; ") << form.name;
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Element, ItemOutOfRange, testing::ValuesIn(k_rows),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Element, ItemOutOfRange, testing::ValuesIn(k_staleNumbers), k_rowName);
 
 /// Held 5 before its text was set.
 Owner formerFive() {
@@ -97,9 +97,9 @@ TEST(PatternOutOfRange, RemovesWhatEqualsTheValueItHeldButNotAtFirst) {
         const Owner list = parsed("[5, 0, 5, 6]");
         const Owner pattern = formerFive();
         form.remove(*list, pattern, "", "");
-        EXPECT_EQ(itemsOf(*list), "5 #0; 0 #1; 6 #4; ") << form.name;
+        EXPECT_EQ(numbersOf(*list), "5 #0; 0 #1; 6 #4; ") << form.name;
         form.remove(*list, pattern, "", "");
-        EXPECT_EQ(itemsOf(*list), "0 #2; 6 #5; ") << form.name;
+        EXPECT_EQ(numbersOf(*list), "0 #2; 6 #5; ") << form.name;
     }
 }
 
@@ -107,7 +107,7 @@ TEST(PatternOutOfRange, IsZeroWhenItWasNothingElseBefore) {
     for (const RemoveForm& form : k_removeForms) {
         const Owner list = parsed("[0, 5, 0]");
         form.remove(*list, value(numberOf("12345678901234567890")), "", "");
-        EXPECT_EQ(itemsOf(*list), "0 #0; 5 #1; ") << form.name;
+        EXPECT_EQ(numbersOf(*list), "0 #0; 5 #1; ") << form.name;
     }
 }
 

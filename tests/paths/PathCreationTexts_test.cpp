@@ -9,23 +9,18 @@
 #include <zo/Tessera/Exception.h>
 #include <zo/Tessera/Object.h>
 
+#include "paths/creating.h"
 #include "paths/notFound.h"
 #include "support/dump.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
 
 namespace {
 
-using Create = Element* (*)(Element& root, const Path& path, const Element& value);
-
-constexpr Create k_both[] = {[](Element& root, const Path& path, const Element& value) {
-                                 return &Path::createElement(root, path, value);
-                             },
-                             &Path::tryCreateElement};
-
-struct Row {
+struct CreatingPath {
     const char* name;
     const char* before;
     std::string path;
@@ -33,11 +28,11 @@ struct Row {
     std::string reached;   // the result, as path() writes it
 };
 
-class PathCreationText : public testing::TestWithParam<Row> {};
+class PathCreationText : public testing::TestWithParam<CreatingPath> {};
 
 TEST_P(PathCreationText, LeadsToWhatIsCreated) {
     const std::unique_ptr<Element> one = value(1);
-    for (const Create create : k_both) {
+    for (const Create create : k_bothCreate) {
         const std::unique_ptr<Element> root = parsed(GetParam().before);
         Element* const element = create(*root, GetParam().path, *one);
         ASSERT_NE(element, nullptr);
@@ -54,42 +49,43 @@ INSTANTIATE_TEST_SUITE_P(
     PathCreation, PathCreationText,
     testing::Values(
         // a backslash with nothing behind it escapes the end, which is kept as a byte 0xFF
-        Row{"ABackslashAtTheEnd", "{}", "a\\", k_aff, "a\xff"},
-        Row{"ABackslashAlone", "{}", "\\", "  etNumber 1 key=\"\xff\" index=- parent=right\n",
-            "\xff"},
-        Row{"ABackslashAfterADot", "{}", "a.\\",
-            "  etObject key=\"a\" index=- parent=right\n"
-            "    etNumber 1 key=\"\xff\" index=- parent=right\n",
-            "a.\xff"},
+        CreatingPath{"ABackslashAtTheEnd", "{}", "a\\", k_aff, "a\xff"},
+        CreatingPath{"ABackslashAlone", "{}", "\\",
+                     "  etNumber 1 key=\"\xff\" index=- parent=right\n", "\xff"},
+        CreatingPath{"ABackslashAfterADot", "{}", "a.\\",
+                     "  etObject key=\"a\" index=- parent=right\n"
+                     "    etNumber 1 key=\"\xff\" index=- parent=right\n",
+                     "a.\xff"},
         // two of them are one of the key
-        Row{"TwoBackslashesAtTheEnd", "{}", "a\\\\",
-            "  etNumber 1 key=\"a\\\" index=- parent=right\n", "a\\\\"},
-        Row{"AnEscapedByteFF", "{}", "a\\\xff", k_aff, "a\xff"},
+        CreatingPath{"TwoBackslashesAtTheEnd", "{}", "a\\\\",
+                     "  etNumber 1 key=\"a\\\" index=- parent=right\n", "a\\\\"},
+        CreatingPath{"AnEscapedByteFF", "{}", "a\\\xff", k_aff, "a\xff"},
         // without a backslash the byte ends the text
-        Row{"AByteFF", "{}", "a\xff", k_a, "a"},
-        Row{"AByteFFBeforeAKey", "{}", "a\xff.b", k_a, "a"},
-        Row{"AByteFFBeforeAnError", "{}", "a\xff[[..", k_a, "a"},
-        Row{"AByteFFFirst", "{}",
-            "\xff"
-            "a.b",
-            "", ""},
-        Row{"AByteFFAfterAnItem", "[]", "[*]\xff[*]",
-            "  etNumber 1 key=\"[0]\" index=0 parent=right\n", "[0]"},
+        CreatingPath{"AByteFF", "{}", "a\xff", k_a, "a"},
+        CreatingPath{"AByteFFBeforeAKey", "{}", "a\xff.b", k_a, "a"},
+        CreatingPath{"AByteFFBeforeAnError", "{}", "a\xff[[..", k_a, "a"},
+        CreatingPath{"AByteFFFirst", "{}",
+                     "\xff"
+                     "a.b",
+                     "", ""},
+        CreatingPath{"AByteFFAfterAnItem", "[]", "[*]\xff[*]",
+                     "  etNumber 1 key=\"[0]\" index=0 parent=right\n", "[0]"},
         // the number that stands for "*"
-        Row{"TheNumberOfAnyItem", "[]", "[18446744073709551615]",
-            "  etNumber 1 key=\"[0]\" index=0 parent=right\n", "[0]"},
-        Row{"TheNumberOfAnyItemAfterZeros", "[]", "[0018446744073709551615]",
-            "  etNumber 1 key=\"[0]\" index=0 parent=right\n", "[0]"},
-        Row{"TheNumberOfAnyItemTwice", "[7]", "[18446744073709551615][18446744073709551615]",
-            "  etNumber 7 key=\"[0]\" index=0 parent=right\n"
-            "  etArray key=\"[1]\" index=1 parent=right\n"
-            "    etNumber 1 key=\"[0]\" index=0 parent=right\n",
-            "[1][0]"}),
-    [](const auto& row) { return std::string(row.param.name); });
+        CreatingPath{"TheNumberOfAnyItem", "[]", "[18446744073709551615]",
+                     "  etNumber 1 key=\"[0]\" index=0 parent=right\n", "[0]"},
+        CreatingPath{"TheNumberOfAnyItemAfterZeros", "[]", "[0018446744073709551615]",
+                     "  etNumber 1 key=\"[0]\" index=0 parent=right\n", "[0]"},
+        CreatingPath{"TheNumberOfAnyItemTwice", "[7]",
+                     "[18446744073709551615][18446744073709551615]",
+                     "  etNumber 7 key=\"[0]\" index=0 parent=right\n"
+                     "  etArray key=\"[1]\" index=1 parent=right\n"
+                     "    etNumber 1 key=\"[0]\" index=0 parent=right\n",
+                     "[1][0]"}),
+    k_rowName);
 
 TEST(PathCreationTexts, MayEndAtAByteFFWhereNoPathEnds) {
     const std::unique_ptr<Element> root = object();
-    for (const Create create : k_both) {
+    for (const Create create : k_bothCreate) {
         EXPECT_EQ(thrown<ParseException>([&] { create(*root, "a.\xff", Object::k_empty); }),
                   "Parse error at 1,1-1,2Unexpexced EOF in path at \"\" 1,2 parser state "
                   "esObjectInit");

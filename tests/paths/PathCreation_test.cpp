@@ -14,9 +14,12 @@
 #include <zo/Tessera/Object.h>
 #include <zo/Tessera/TBasicElement.h>
 
+#include "paths/creating.h"
+#include "paths/ownKinds.h"
 #include "support/dump.h"
 #include "support/exceptionText.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -36,18 +39,9 @@ std::string jsonOf(const Element& element) {
     return generator.encode(element);
 }
 
-// The two operations, as one that answers a pointer.
-using Create = Element* (*)(Element& root, const Path& path, const Element& value);
-
-Element* create(Element& root, const Path& path, const Element& value) {
-    return &Path::createElement(root, path, value);
-}
-
-constexpr Create k_both[] = {create, &Path::tryCreateElement};
-
 // A document at the top of its tree, or as the member "outer" of another.
-struct Place {
-    explicit Place(const std::string& json, bool below)
+struct PlacedDocument {
+    explicit PlacedDocument(const std::string& json, bool below)
         : top(parsed(below ? "{\"outer\":" + json + "}" : json)),
           root(below ? &top->at("outer") : top.get()),
           path(below ? "outer" : "") {}
@@ -73,9 +67,9 @@ class PathCreated : public testing::TestWithParam<Created> {};
 
 TEST_P(PathCreated, IsReachedAndAttached) {
     const std::unique_ptr<Element> one = value(1);
-    for (const Create operation : k_both) {
+    for (const Create operation : k_bothCreate) {
         for (const bool below : {false, true}) {
-            const Place place(GetParam().before, below);
+            const PlacedDocument place(GetParam().before, below);
             Element* const element = operation(*place.root, GetParam().path, *one);
             ASSERT_NE(element, nullptr);
             EXPECT_EQ(jsonOf(*place.root), GetParam().after);
@@ -116,7 +110,7 @@ INSTANTIATE_TEST_SUITE_P(
         Created{"NotForAContainer", R"({"a":{"b":[]}})", "a", R"({"a":{"b":[]}})", "a"},
         Created{"NotForAnItem", "[2,3]", "[1]", "[2,3]", "[1]"},
         Created{"NotForTheEmptyPathOfAnArray", "[2]", "", "[2]", ""}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 struct Refused {
     const char* name;
@@ -131,7 +125,7 @@ class PathRefused : public testing::TestWithParam<Refused> {};
 
 TEST_P(PathRefused, IsNotFound) {
     for (const bool below : {false, true}) {
-        const Place place(GetParam().before, below);
+        const PlacedDocument place(GetParam().before, below);
         try {
             Path::createElement(*place.root, GetParam().path, Object::k_empty);
             ADD_FAILURE();
@@ -153,7 +147,7 @@ TEST_P(PathRefused, IsNotFound) {
 // The form that tries throws all the same, but names where it began.
 TEST_P(PathRefused, IsAnErrorOfTheRootForTheFormThatTries) {
     for (const bool below : {false, true}) {
-        const Place place(GetParam().before, below);
+        const PlacedDocument place(GetParam().before, below);
         try {
             Path::tryCreateElement(*place.root, GetParam().path, Object::k_empty);
             ADD_FAILURE();
@@ -195,9 +189,9 @@ INSTANTIATE_TEST_SUITE_P(
         // what stands behind it is not read
         Refused{"BeforeASyntaxError", "[]", "k..", "[]", "k", ""},
         Refused{"BeforeABadIndex", "{}", "a[0][x]", R"({"a":{}})", "[0]", "a"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
-struct Malformed {
+struct MalformedCreation {
     const char* name;
     const char* before;
     const char* path;
@@ -205,12 +199,12 @@ struct Malformed {
     const char* text;
 };
 
-class PathMalformed : public testing::TestWithParam<Malformed> {};
+class PathMalformed : public testing::TestWithParam<MalformedCreation> {};
 
 TEST_P(PathMalformed, ThrowsFromBothForms) {
-    for (const Create operation : k_both) {
+    for (const Create operation : k_bothCreate) {
         for (const bool below : {false, true}) {
-            const Place place(GetParam().before, below);
+            const PlacedDocument place(GetParam().before, below);
             EXPECT_EQ(thrown<ParseException>(
                           [&] { operation(*place.root, GetParam().path, Object::k_empty); }),
                       GetParam().text);
@@ -222,31 +216,37 @@ TEST_P(PathMalformed, ThrowsFromBothForms) {
 INSTANTIATE_TEST_SUITE_P(
     PathCreation, PathMalformed,
     testing::Values(
-        Malformed{"SecondDot", R"({"a":{}})", "a..b", R"({"a":{}})",
-                  "Parse error at 1,1-1,2Unexpected character '.' in path at \"\" 1,2 parser state "
-                  "esObjectInit"},
-        Malformed{"SecondDotAfterAMissingKey", "{}", "a..b", "{}",
-                  "Parse error at 1,1-1,2Unexpected character '.' in path at \"\" 1,2 parser state "
-                  "esObjectInit"},
-        Malformed{"SecondDotAfterMissingKeys", "{}", "a.b.c..", R"({"a":{"b":{}}})",
-                  "Parse error at 1,5-1,6Unexpected character '.' in path at \"\" 5,6 parser state "
-                  "esObjectInit"},
-        Malformed{"EndAfterADot", "{}", "a.", "{}",
-                  "Parse error at 1,1-1,2Unexpexced EOF in path at \"\" 1,2 parser state "
-                  "esObjectInit"},
-        Malformed{
+        MalformedCreation{
+            "SecondDot", R"({"a":{}})", "a..b", R"({"a":{}})",
+            "Parse error at 1,1-1,2Unexpected character '.' in path at \"\" 1,2 parser state "
+            "esObjectInit"},
+        MalformedCreation{
+            "SecondDotAfterAMissingKey", "{}", "a..b", "{}",
+            "Parse error at 1,1-1,2Unexpected character '.' in path at \"\" 1,2 parser state "
+            "esObjectInit"},
+        MalformedCreation{
+            "SecondDotAfterMissingKeys", "{}", "a.b.c..", R"({"a":{"b":{}}})",
+            "Parse error at 1,5-1,6Unexpected character '.' in path at \"\" 5,6 parser state "
+            "esObjectInit"},
+        MalformedCreation{"EndAfterADot", "{}", "a.", "{}",
+                          "Parse error at 1,1-1,2Unexpexced EOF in path at \"\" 1,2 parser state "
+                          "esObjectInit"},
+        MalformedCreation{
             "ClosingBracketInAKey", "{}", "a]", "{}",
             "Parse error at 1,0-1,1Unexpected character ']' in path at \"a\" 0,1 parser state "
             "esObject"},
-        Malformed{"LetterAsAnIndex", "[]", "[*][x]", "[]",
-                  "Parse error at 1,3-1,4Unexpected character 'x' in path at \"\" 3,4 parser state "
-                  "esArrayInit"},
-        Malformed{"EndInAnIndex", "[]", "[*][*][*", "[[]]",
-                  "Parse error at 1,7-1,8Unexpexced EOF in path at \"*\" 7,8 parser state esArray"},
-        Malformed{"UnreadableIndex", "[]", "[*7]", "[]",
-                  "Parse error at 1,1-1,3Unreadable index in path at \"*7\" 1,3 parser state "
-                  "esInit"}),
-    [](const auto& row) { return std::string(row.param.name); });
+        MalformedCreation{
+            "LetterAsAnIndex", "[]", "[*][x]", "[]",
+            "Parse error at 1,3-1,4Unexpected character 'x' in path at \"\" 3,4 parser state "
+            "esArrayInit"},
+        MalformedCreation{
+            "EndInAnIndex", "[]", "[*][*][*", "[[]]",
+            "Parse error at 1,7-1,8Unexpexced EOF in path at \"*\" 7,8 parser state esArray"},
+        MalformedCreation{
+            "UnreadableIndex", "[]", "[*7]", "[]",
+            "Parse error at 1,1-1,3Unreadable index in path at \"*7\" 1,3 parser state "
+            "esInit"}),
+    k_rowName);
 
 /// Counts its clones and what lives of them.
 class Costly : public TBasicElement<bool> {
@@ -260,7 +260,7 @@ public:
 };
 
 TEST(PathCreation, PutsACopyOfItsOwnClassIntoTheTree) {
-    for (const Create operation : k_both) {
+    for (const Create operation : k_bothCreate) {
         {
             const auto root = parsed("{}");
             const Costly original;
@@ -276,7 +276,7 @@ TEST(PathCreation, PutsACopyOfItsOwnClassIntoTheTree) {
 TEST(PathCreation, KeepsNoCopyThatIsNotUsed) {
     const Costly original;
     const auto root = parsed("[1]");
-    for (const Create operation : k_both) {
+    for (const Create operation : k_bothCreate) {
         EXPECT_EQ(operation(*root, "", original), root.get());
         EXPECT_EQ(operation(*root, "[0]", original), &root->at(0));
         EXPECT_THROW(operation(*root, "[0].k", original), Exception);
@@ -286,15 +286,9 @@ TEST(PathCreation, KeepsNoCopyThatIsNotUsed) {
     }
 }
 
-class Uncloneable : public TBasicElement<bool> {
-public:
-    Uncloneable() : TBasicElement(true) {}
-    Uncloneable* clone() const override { throw 1; }
-};
-
 // The copy is made before the path is read.
 TEST(PathCreation, ChangesNothingWhenTheValueCannotBeCopied) {
-    for (const Create operation : k_both) {
+    for (const Create operation : k_bothCreate) {
         const auto root = parsed("{}");
         EXPECT_THROW(operation(*root, "a.b", Uncloneable()), int);
         EXPECT_THROW(operation(*root, "", Uncloneable()), int);
@@ -304,7 +298,7 @@ TEST(PathCreation, ChangesNothingWhenTheValueCannotBeCopied) {
 
 // So the copy lacks what is created on the way. The children of a copy are not attached.
 TEST(PathCreation, CopiesAContainerThatStandsOnTheWay) {
-    for (const Create operation : k_both) {
+    for (const Create operation : k_bothCreate) {
         const auto root = parsed(R"({"o":{"k":null}})");
         operation(*root, "o.a.b", root->at("o"));
         EXPECT_EQ(dump(*root),
@@ -318,7 +312,7 @@ TEST(PathCreation, CopiesAContainerThatStandsOnTheWay) {
 }
 
 TEST(PathCreation, CopiesTheRootIntoItself) {
-    for (const Create operation : k_both) {
+    for (const Create operation : k_bothCreate) {
         const auto root = parsed("[null]");
         operation(*root, "[*]", *root);
         EXPECT_EQ(dump(*root),
@@ -329,12 +323,8 @@ TEST(PathCreation, CopiesTheRootIntoItself) {
     }
 }
 
-// The application's own kinds.
-class OwnArray : public Array {};
-class OwnObject : public Object {};
-
 TEST(PathCreation, GoesThroughDerivedClassesAndMakesTheLibrarysOwn) {
-    for (const Create operation : k_both) {
+    for (const Create operation : k_bothCreate) {
         OwnObject root;
         auto list = std::make_unique<OwnArray>();
         root.insert("list", list.get());

@@ -9,6 +9,7 @@
 #include <zo/Tessera/Path.h>
 
 #include "support/HostileLocale.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -21,13 +22,13 @@ namespace {
 
 using Write = void (*)(PathGenerator& generator);
 
-struct Row {
+struct Writing {
     const char* name;
     Write write;
     const char* text;
 };
 
-class PathGeneratorText : public testing::TestWithParam<Row> {};
+class PathGeneratorText : public testing::TestWithParam<Writing> {};
 
 TEST_P(PathGeneratorText, IsWhatAStreamGets) {
     std::ostringstream out;
@@ -59,72 +60,73 @@ TEST_P(PathGeneratorText, IsTheSameUnderAnyLocale) {
 
 INSTANTIATE_TEST_SUITE_P(
     PathGenerator, PathGeneratorText,
-    testing::Values(
-        Row{"OfNothing", [](PathGenerator&) {}, ""},
-        Row{"OfAKey", [](PathGenerator& g) { g.genObjectProperty("a"); }, "a"},
-        Row{"OfTwoKeys",
-            [](PathGenerator& g) {
-                g.genObjectProperty("a");
-                g.genObjectProperty("b");
-            },
-            "a.b"},
-        Row{"OfARangeOfCharacters",
-            [](PathGenerator& g) {
-                g.genObjectProperty(zo::StringRef<char>("a.bc", 3));
-                g.genObjectProperty(zo::StringRef<char>("xyz", 2));
-            },
-            "a\\.b.xy"},
-        Row{"OfAnEmptyRangeFromNowhere",
-            [](PathGenerator& g) {
-                g.genListItem(0);
-                g.genObjectProperty(zo::StringRef<char>(nullptr, 0));
-            },
-            "[0]."},
-        Row{"OfAnIndexFirst", [](PathGenerator& g) { g.genListItem(2); }, "[2]"},
-        Row{"OfAnIndexBetweenKeys",
-            [](PathGenerator& g) {
-                g.genObjectProperty("a");
-                g.genListItem(2);
-                g.genObjectProperty("b");
-            },
-            "a[2].b"},
-        Row{"OfIndexesInARow",
-            [](PathGenerator& g) {
-                g.genListItem(0);
-                g.genListItem(10);
-                g.genListItem(Path::k_noIndex);
-            },
-            "[0][10][*]"},
-        Row{"OfAKeyAfterAnyItem",
-            [](PathGenerator& g) {
-                g.genListItem(Path::k_noIndex);
-                g.genObjectProperty("a");
-            },
-            "[*].a"},
-        Row{"OfLargeIndexes",
-            [](PathGenerator& g) {
-                g.genListItem(1234567);
-                g.genListItem(18446744073709551614UL);
-            },
-            "[1234567][18446744073709551614]"},
-        Row{"OfEachEscape", [](PathGenerator& g) { g.genObjectProperty(".[]*\\"); },
-            "\\.\\[\\]\\*\\\\"},
-        Row{"OfAKeyLikeAnIndex", [](PathGenerator& g) { g.genObjectProperty("[*]"); }, "\\[\\*\\]"},
-        Row{"OfKeysWithOtherSigns", [](PathGenerator& g) { g.genObjectProperty("a b\"/\n{}\xff"); },
-            "a b\"/\n{}\xff"},
-        Row{"OfAnEmptyKeyLast",
-            [](PathGenerator& g) {
-                g.genObjectProperty("a");
-                g.genObjectProperty("");
-            },
-            "a."},
-        Row{"OfAnEmptyKeyFirst",
-            [](PathGenerator& g) {
-                g.genObjectProperty("");
-                g.genObjectProperty("a");
-            },
-            ".a"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    testing::Values(Writing{"OfNothing", [](PathGenerator&) {}, ""},
+                    Writing{"OfAKey", [](PathGenerator& g) { g.genObjectProperty("a"); }, "a"},
+                    Writing{"OfTwoKeys",
+                            [](PathGenerator& g) {
+                                g.genObjectProperty("a");
+                                g.genObjectProperty("b");
+                            },
+                            "a.b"},
+                    Writing{"OfARangeOfCharacters",
+                            [](PathGenerator& g) {
+                                g.genObjectProperty(zo::StringRef<char>("a.bc", 3));
+                                g.genObjectProperty(zo::StringRef<char>("xyz", 2));
+                            },
+                            "a\\.b.xy"},
+                    Writing{"OfAnEmptyRangeFromNowhere",
+                            [](PathGenerator& g) {
+                                g.genListItem(0);
+                                g.genObjectProperty(zo::StringRef<char>(nullptr, 0));
+                            },
+                            "[0]."},
+                    Writing{"OfAnIndexFirst", [](PathGenerator& g) { g.genListItem(2); }, "[2]"},
+                    Writing{"OfAnIndexBetweenKeys",
+                            [](PathGenerator& g) {
+                                g.genObjectProperty("a");
+                                g.genListItem(2);
+                                g.genObjectProperty("b");
+                            },
+                            "a[2].b"},
+                    Writing{"OfIndexesInARow",
+                            [](PathGenerator& g) {
+                                g.genListItem(0);
+                                g.genListItem(10);
+                                g.genListItem(Path::k_noIndex);
+                            },
+                            "[0][10][*]"},
+                    Writing{"OfAKeyAfterAnyItem",
+                            [](PathGenerator& g) {
+                                g.genListItem(Path::k_noIndex);
+                                g.genObjectProperty("a");
+                            },
+                            "[*].a"},
+                    Writing{"OfLargeIndexes",
+                            [](PathGenerator& g) {
+                                g.genListItem(1234567);
+                                g.genListItem(18446744073709551614UL);
+                            },
+                            "[1234567][18446744073709551614]"},
+                    Writing{"OfEachEscape", [](PathGenerator& g) { g.genObjectProperty(".[]*\\"); },
+                            "\\.\\[\\]\\*\\\\"},
+                    Writing{"OfAKeyLikeAnIndex",
+                            [](PathGenerator& g) { g.genObjectProperty("[*]"); }, "\\[\\*\\]"},
+                    Writing{"OfKeysWithOtherSigns",
+                            [](PathGenerator& g) { g.genObjectProperty("a b\"/\n{}\xff"); },
+                            "a b\"/\n{}\xff"},
+                    Writing{"OfAnEmptyKeyLast",
+                            [](PathGenerator& g) {
+                                g.genObjectProperty("a");
+                                g.genObjectProperty("");
+                            },
+                            "a."},
+                    Writing{"OfAnEmptyKeyFirst",
+                            [](PathGenerator& g) {
+                                g.genObjectProperty("");
+                                g.genObjectProperty("a");
+                            },
+                            ".a"}),
+    k_rowName);
 
 TEST(PathGeneratorTextBytes, AreTheSameAsInAStream) {
     for (int byte = 0; byte < 256; ++byte) {

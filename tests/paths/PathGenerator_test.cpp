@@ -12,6 +12,7 @@
 #include <zo/Tessera/Path.h>
 
 #include "support/HostileLocale.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -22,11 +23,6 @@ static_assert(PathGenerator::esInit == 0 && PathGenerator::esObject == 1);
 static_assert(PathGenerator::esArray == 2 && PathGenerator::esError == 3);
 
 namespace {
-
-template <class Row>
-std::string rowName(const testing::TestParamInfo<Row>& row) {
-    return row.param.name;
-}
 
 // The two forms that write a key.
 struct ByString {
@@ -206,7 +202,7 @@ INSTANTIATE_TEST_SUITE_P(PathGenerator, PathGeneratorIndex,
                                          Index{"Last", 18446744073709551614UL,
                                                "[18446744073709551614]", "[fffffffffffffffe]"},
                                          Index{"AnyItem", 18446744073709551615UL, "[*]", "[*]"}),
-                         rowName<Index>);
+                         k_rowName);
 
 TEST(PathGeneratorStream, GroupsNoIndexByItsLocale) {
     const HostileLocale locale;
@@ -299,6 +295,6 @@ INSTANTIATE_TEST_SUITE_P(
                           L">>INVALID<<"},
                     State{"BeyondTheLast", static_cast<PathGenerator::EState>(4), ">>INVALID<<",
                           L">>INVALID<<"}),
-    rowName<State>);
+    k_rowName);
 
 }  // namespace

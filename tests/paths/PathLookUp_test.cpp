@@ -14,9 +14,11 @@
 #include <zo/Tessera/Exception.h>
 #include <zo/Tessera/Object.h>
 
+#include "paths/ownKinds.h"
 #include "support/dump.h"
 #include "support/exceptionText.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -249,13 +251,13 @@ INSTANTIATE_TEST_SUITE_P(
         return std::get<0>(row.param).name + placeName(std::get<1>(row.param));
     });
 
-struct Malformed {
+struct MalformedLookUp {
     const char* name;
     const char* path;
     const char* text;
 };
 
-class PathLookUpMalformed : public Document, public testing::WithParamInterface<Malformed> {};
+class PathLookUpMalformed : public Document, public testing::WithParamInterface<MalformedLookUp> {};
 
 // Those that answer whether something is there throw, too.
 TEST_P(PathLookUpMalformed, ThrowsFromEachOperation) {
@@ -272,32 +274,34 @@ TEST_P(PathLookUpMalformed, ThrowsFromEachOperation) {
 INSTANTIATE_TEST_SUITE_P(
     PathLookUp, PathLookUpMalformed,
     testing::Values(
-        Malformed{"SecondDot", "o..k",
-                  "Parse error at 1,1-1,2Unexpected character '.' in path at \"\" 1,2 parser state "
-                  "esObjectInit"},
-        Malformed{"DotAtTheEnd", "o.",
-                  "Parse error at 1,1-1,2Unexpexced EOF in path at \"\" 1,2 parser state "
-                  "esObjectInit"},
-        Malformed{"IndexThatIsNotClosed", "a[1",
-                  "Parse error at 1,2-1,3Unexpexced EOF in path at \"1\" 2,3 parser state esArray"},
-        Malformed{
+        MalformedLookUp{
+            "SecondDot", "o..k",
+            "Parse error at 1,1-1,2Unexpected character '.' in path at \"\" 1,2 parser state "
+            "esObjectInit"},
+        MalformedLookUp{"DotAtTheEnd", "o.",
+                        "Parse error at 1,1-1,2Unexpexced EOF in path at \"\" 1,2 parser state "
+                        "esObjectInit"},
+        MalformedLookUp{
+            "IndexThatIsNotClosed", "a[1",
+            "Parse error at 1,2-1,3Unexpexced EOF in path at \"1\" 2,3 parser state esArray"},
+        MalformedLookUp{
             "LetterInAnIndex", "a[1x]",
             "Parse error at 1,2-1,3Unexpected character 'x' in path at \"1\" 2,3 parser state "
             "esArray"},
-        Malformed{
+        MalformedLookUp{
             "ClosingBracketInAKeyThatIsMissing", "m]",
             "Parse error at 1,0-1,1Unexpected character ']' in path at \"m\" 0,1 parser state "
             "esObject"},
-        Malformed{
+        MalformedLookUp{
             "IndexPast64Bits", "a[18446744073709551616]",
             "Parse error at 1,2-1,22Unreadable index in path at \"18446744073709551616\" 2,22 "
             "parser state esInit"},
-        Malformed{"AnyItem", "a[*]", "Index must be set!"},
-        Malformed{"AnyItemInAnObject", "[*]", "Index must be set!"},
-        Malformed{"AnyItemInANumber", "n[*].k..", "Index must be set!"},
+        MalformedLookUp{"AnyItem", "a[*]", "Index must be set!"},
+        MalformedLookUp{"AnyItemInAnObject", "[*]", "Index must be set!"},
+        MalformedLookUp{"AnyItemInANumber", "n[*].k..", "Index must be set!"},
         // the number that stands for "*" is no index either
-        Malformed{"TheNumberOfAnyItem", "a[18446744073709551615]", "Index must be set!"}),
-    [](const auto& row) { return std::string(row.param.name); });
+        MalformedLookUp{"TheNumberOfAnyItem", "a[18446744073709551615]", "Index must be set!"}),
+    k_rowName);
 
 class PathLookUpOfAnyItem : public Document {};
 
@@ -352,14 +356,6 @@ TEST(PathLookUp, GoesThroughCopiedContainers) {
     expectFound("a[0]", *copy, copy->at("a").at(0));
     expectMissing("a[1]", *copy, "[1]", "");
 }
-
-// The application's own kinds.
-class OwnArray : public Array {};
-class OwnObject : public Object {};
-class OddObject : public Object {
-public:
-    EType type() const override { return static_cast<EType>(6); }
-};
 
 TEST(PathLookUp, GoesThroughDerivedClasses) {
     OwnObject root;

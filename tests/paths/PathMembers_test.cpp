@@ -13,8 +13,10 @@
 #include <zo/Tessera/TBasicElement.h>
 
 #include "paths/notFound.h"
+#include "paths/ownKinds.h"
 #include "support/dump.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -61,13 +63,13 @@ TEST_F(GetByPath, BeginsAtTheElementItIsAskedOf) {
               R"(Path "a" not found! Key "a". Current element: "a")");
 }
 
-struct Missing {
+struct MissingPath {
     const char* name;
     const char* path;
     const char* message;
 };
 
-class GetByMissingPath : public testing::TestWithParam<Missing> {};
+class GetByMissingPath : public testing::TestWithParam<MissingPath> {};
 
 TEST_P(GetByMissingPath, NamesTheFirstSegmentThatIsNotThere) {
     const auto root = parsed(R"({"a": {"list": [10, {"v": null}]}, "s": "x"})");
@@ -78,20 +80,22 @@ TEST_P(GetByMissingPath, NamesTheFirstSegmentThatIsNotThere) {
 INSTANTIATE_TEST_SUITE_P(
     Element, GetByMissingPath,
     testing::Values(
-        Missing{"Member", "b", R"(Path "b" not found! Key "b". Current element: "")"},
-        Missing{"MemberOnTheWay", "a.b.c",
-                R"(Path "a.b.c" not found! Key "b". Current element: "a")"},
-        Missing{"KeyOfAnotherCase", "A", R"(Path "A" not found! Key "A". Current element: "")"},
-        Missing{"IndexAtTheEnd", "a.list[2]",
-                R"(Path "a.list[2]" not found! Key "[2]". Current element: "a.list")"},
-        Missing{"MemberOfAScalar", "s.x", R"(Path "s.x" not found! Key "x". Current element: "s")"},
-        Missing{"MemberOfAnArray", "a.list.v",
-                R"(Path "a.list.v" not found! Key "v". Current element: "a.list")"},
-        Missing{"ItemOfAnObject", "a[0]",
-                R"(Path "a[0]" not found! Key "[0]". Current element: "a")"},
-        Missing{"MemberWhoseKeyLooksLikeAnIndex", "a.list[1].\\[0\\]",
-                R"(Path "a.list[1].\[0\]" not found! Key "[0]". Current element: "a.list[1]")"}),
-    [](const auto& row) { return std::string(row.param.name); });
+        MissingPath{"Member", "b", R"(Path "b" not found! Key "b". Current element: "")"},
+        MissingPath{"MemberOnTheWay", "a.b.c",
+                    R"(Path "a.b.c" not found! Key "b". Current element: "a")"},
+        MissingPath{"KeyOfAnotherCase", "A", R"(Path "A" not found! Key "A". Current element: "")"},
+        MissingPath{"IndexAtTheEnd", "a.list[2]",
+                    R"(Path "a.list[2]" not found! Key "[2]". Current element: "a.list")"},
+        MissingPath{"MemberOfAScalar", "s.x",
+                    R"(Path "s.x" not found! Key "x". Current element: "s")"},
+        MissingPath{"MemberOfAnArray", "a.list.v",
+                    R"(Path "a.list.v" not found! Key "v". Current element: "a.list")"},
+        MissingPath{"ItemOfAnObject", "a[0]",
+                    R"(Path "a[0]" not found! Key "[0]". Current element: "a")"},
+        MissingPath{
+            "MemberWhoseKeyLooksLikeAnIndex", "a.list[1].\\[0\\]",
+            R"(Path "a.list[1].\[0\]" not found! Key "[0]". Current element: "a.list[1]")"}),
+    k_rowName);
 
 TEST_F(GetByPath, ThrowsWhereTheTextIsNoPathToLookUp) {
     EXPECT_EQ(thrown<ParseException>([&] { root->get("a..list"); }),
@@ -134,7 +138,7 @@ INSTANTIATE_TEST_SUITE_P(
                     // The walk ends at what is missing: the rest of the text is not read.
                     Existence{"BadSyntaxBehindWhatIsMissing", "x..y", etEmpty},
                     Existence{"AnyItemBehindWhatIsMissing", "x[*]", etEmpty}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(PathExistence, IsNotAnsweredForATextThatIsNoPathToLookUp) {
     const auto root = parsed(R"({"a": [1]})");
@@ -176,7 +180,7 @@ INSTANTIATE_TEST_SUITE_P(
                                  std::unique_ptr<Element>& source) -> Element& {
                                   return target.insertElement(path, std::move(source));
                               }}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST_P(InsertElement, AttachesANewMemberAndReturnsIt) {
     Element& inserted = insert("new", parsed(R"(["x"])"));
@@ -239,13 +243,6 @@ TEST_P(InsertElement, IntoAnotherKindThrowsItsMismatchAndChangesNothing) {
     }
     EXPECT_EQ(dump(*root), before);
 }
-
-/// Cannot be cloned: throws the int 1.
-class Uncloneable : public TBasicElement<bool> {
-public:
-    Uncloneable() : TBasicElement(true) {}
-    Uncloneable* clone() const override { throw 1; }
-};
 
 TEST(InsertElementByCopy, ThatFailsChangesNothing) {
     const auto root = parsed(R"({"k": [1]})");

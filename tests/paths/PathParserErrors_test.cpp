@@ -9,6 +9,7 @@
 #include <zo/Tessera/Exception.h>
 
 #include "PathEvents.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -34,7 +35,7 @@ public:
     std::string arguments;
 };
 
-struct Row {
+struct PathError {
     const char* name;
     std::string text;
     std::string before;
@@ -44,22 +45,18 @@ struct Row {
     int position;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const PathError& row, std::ostream* out) {
     *out << row.name;
 }
 
-std::string nameOf(const testing::TestParamInfo<Row>& row) {
-    return row.param.name;
-}
-
-class PathErrors : public testing::TestWithParam<Row> {};
+class PathErrors : public testing::TestWithParam<PathError> {};
 
 TEST_P(PathErrors, EndARefusingListenersRun) {
     EXPECT_EQ(eventsOf(GetParam().text), GetParam().before + "error " + GetParam().message);
 }
 
 TEST_P(PathErrors, ComeWithTheTokenAndTheTwoPlaces) {
-    const Row& row = GetParam();
+    const PathError& row = GetParam();
     const std::string expected = row.message + " | " + row.token + " | " +
                                  std::to_string(row.tokenStart) + " | " +
                                  std::to_string(row.position);
@@ -74,7 +71,7 @@ TEST_P(PathErrors, ComeWithTheTokenAndTheTwoPlaces) {
 }
 
 template <class Run>
-void expectParseException(const Row& row, const Run& run) {
+void expectParseException(const PathError& row, const Run& run) {
     SegmentsOnly listener;
     try {
         run(listener);
@@ -93,7 +90,7 @@ void expectParseException(const Row& row, const Run& run) {
 }
 
 TEST_P(PathErrors, AreThrownByDefault) {
-    const Row& row = GetParam();
+    const PathError& row = GetParam();
     expectParseException(row, [&](PathParserListener& listener) {
         std::istringstream in(row.text);
         PathParser(listener).parse(in);
@@ -105,92 +102,111 @@ TEST_P(PathErrors, AreThrownByDefault) {
 INSTANTIATE_TEST_SUITE_P(
     UnexpectedCharacters, PathErrors,
     testing::Values(
-        Row{"DotAfterDot", "a..b", "key a; ",
-            R"(Unexpected character '.' in path at "" 1,2 parser state esObjectInit)", "", 1, 2},
-        Row{"TwoLeadingDots", "..a", "",
-            R"(Unexpected character '.' in path at "" 0,1 parser state esObjectInit)", "", 0, 1},
-        Row{"BracketAfterDot", "a.[0]", "key a; ",
-            R"(Unexpected character '[' in path at "" 1,2 parser state esObjectInit)", "", 1, 2},
-        Row{"ClosedWithoutOpening", "a]", "",
-            R"(Unexpected character ']' in path at "a" 0,1 parser state esObject)", "a", 0, 1},
-        Row{"ClosedAtTheStart", "]", "",
-            R"(Unexpected character ']' in path at "" 0,0 parser state esInit)", "", 0, 0},
-        Row{"ClosedTwice", "[12]]", "item 12; ",
-            R"(Unexpected character ']' in path at "" 3,4 parser state esInit)", "", 3, 4},
-        Row{"ClosedAfterAnEscapedOpening", "a\\[0]", "",
-            R"(Unexpected character ']' in path at "a[0" 0,4 parser state esObject)", "a[0", 0, 4},
-        Row{"EmptyBrackets", "[]", "",
-            R"(Unexpected character ']' in path at "" 0,1 parser state esArrayInit)", "", 0, 1},
-        Row{"EmptyBracketsAfterKey", "ab[]", "key ab; ",
-            R"(Unexpected character ']' in path at "" 2,3 parser state esArrayInit)", "", 2, 3},
-        Row{"TwoOpeningBrackets", "[[0]]", "",
-            R"(Unexpected character '[' in path at "" 0,1 parser state esArrayInit)", "", 0, 1},
-        Row{"BlankInBrackets", "[ 1]", "",
-            R"(Unexpected character ' ' in path at "" 0,1 parser state esArrayInit)", "", 0, 1},
-        Row{"BlankAfterIndex", "[1 ]", "",
-            R"(Unexpected character ' ' in path at "1" 1,2 parser state esArray)", "1", 1, 2},
-        Row{"Minus", "[-1]", "",
-            R"(Unexpected character '-' in path at "" 0,1 parser state esArrayInit)", "", 0, 1},
-        Row{"Plus", "[+1]", "",
-            R"(Unexpected character '+' in path at "" 0,1 parser state esArrayInit)", "", 0, 1},
-        Row{"Letter", "[a]", "",
-            R"(Unexpected character 'a' in path at "" 0,1 parser state esArrayInit)", "", 0, 1},
-        Row{"EscapedLetter", "[\\a]", "",
-            R"(Unexpected character 'a' in path at "" 0,2 parser state esArrayInit)", "", 0, 2},
-        Row{"LetterAfterDigits", "[12a]", "",
-            R"(Unexpected character 'a' in path at "12" 1,3 parser state esArray)", "12", 1, 3},
-        Row{"Fraction", "[1.5]", "",
-            R"(Unexpected character '.' in path at "1" 1,2 parser state esArray)", "1", 1, 2},
-        Row{"OneBelowZero", "[/]", "",
-            R"(Unexpected character '/' in path at "" 0,1 parser state esArrayInit)", "", 0, 1},
-        Row{"OneAboveNine", "[9:]", "",
-            R"(Unexpected character ':' in path at "9" 1,2 parser state esArray)", "9", 1, 2},
-        Row{"SuperscriptDigit", "[\xb2]", "",
-            "Unexpected character '\xb2' in path at \"\" 0,1 parser state esArrayInit", "", 0, 1},
-        Row{"StarAfterStar", "[**]", "",
-            R"(Unexpected character '*' in path at "*" 1,2 parser state esArray)", "*", 1, 2},
-        Row{"StarAfterDigit", "[1*]", "",
-            R"(Unexpected character '*' in path at "1" 1,2 parser state esArray)", "1", 1, 2},
-        Row{"ZeroByte", "[\0]"s, "",
-            "Unexpected character '\0' in path at \"\" 0,1 parser state esArrayInit"s, "", 0, 1},
-        Row{"ZeroByteInToken", "a\0b]"s, "",
-            "Unexpected character ']' in path at \"a\0b\" 0,3 parser state esObject"s, "a\0b"s, 0,
-            3},
-        Row{"LongToken", "x.abcdefghijklmnopqrstuvwxyz]", "key x; ",
+        PathError{"DotAfterDot", "a..b", "key a; ",
+                  R"(Unexpected character '.' in path at "" 1,2 parser state esObjectInit)", "", 1,
+                  2},
+        PathError{"TwoLeadingDots", "..a", "",
+                  R"(Unexpected character '.' in path at "" 0,1 parser state esObjectInit)", "", 0,
+                  1},
+        PathError{"BracketAfterDot", "a.[0]", "key a; ",
+                  R"(Unexpected character '[' in path at "" 1,2 parser state esObjectInit)", "", 1,
+                  2},
+        PathError{"ClosedWithoutOpening", "a]", "",
+                  R"(Unexpected character ']' in path at "a" 0,1 parser state esObject)", "a", 0,
+                  1},
+        PathError{"ClosedAtTheStart", "]", "",
+                  R"(Unexpected character ']' in path at "" 0,0 parser state esInit)", "", 0, 0},
+        PathError{"ClosedTwice", "[12]]", "item 12; ",
+                  R"(Unexpected character ']' in path at "" 3,4 parser state esInit)", "", 3, 4},
+        PathError{"ClosedAfterAnEscapedOpening", "a\\[0]", "",
+                  R"(Unexpected character ']' in path at "a[0" 0,4 parser state esObject)", "a[0",
+                  0, 4},
+        PathError{"EmptyBrackets", "[]", "",
+                  R"(Unexpected character ']' in path at "" 0,1 parser state esArrayInit)", "", 0,
+                  1},
+        PathError{"EmptyBracketsAfterKey", "ab[]", "key ab; ",
+                  R"(Unexpected character ']' in path at "" 2,3 parser state esArrayInit)", "", 2,
+                  3},
+        PathError{"TwoOpeningBrackets", "[[0]]", "",
+                  R"(Unexpected character '[' in path at "" 0,1 parser state esArrayInit)", "", 0,
+                  1},
+        PathError{"BlankInBrackets", "[ 1]", "",
+                  R"(Unexpected character ' ' in path at "" 0,1 parser state esArrayInit)", "", 0,
+                  1},
+        PathError{"BlankAfterIndex", "[1 ]", "",
+                  R"(Unexpected character ' ' in path at "1" 1,2 parser state esArray)", "1", 1, 2},
+        PathError{"Minus", "[-1]", "",
+                  R"(Unexpected character '-' in path at "" 0,1 parser state esArrayInit)", "", 0,
+                  1},
+        PathError{"Plus", "[+1]", "",
+                  R"(Unexpected character '+' in path at "" 0,1 parser state esArrayInit)", "", 0,
+                  1},
+        PathError{"Letter", "[a]", "",
+                  R"(Unexpected character 'a' in path at "" 0,1 parser state esArrayInit)", "", 0,
+                  1},
+        PathError{"EscapedLetter", "[\\a]", "",
+                  R"(Unexpected character 'a' in path at "" 0,2 parser state esArrayInit)", "", 0,
+                  2},
+        PathError{"LetterAfterDigits", "[12a]", "",
+                  R"(Unexpected character 'a' in path at "12" 1,3 parser state esArray)", "12", 1,
+                  3},
+        PathError{"Fraction", "[1.5]", "",
+                  R"(Unexpected character '.' in path at "1" 1,2 parser state esArray)", "1", 1, 2},
+        PathError{"OneBelowZero", "[/]", "",
+                  R"(Unexpected character '/' in path at "" 0,1 parser state esArrayInit)", "", 0,
+                  1},
+        PathError{"OneAboveNine", "[9:]", "",
+                  R"(Unexpected character ':' in path at "9" 1,2 parser state esArray)", "9", 1, 2},
+        PathError{"SuperscriptDigit", "[\xb2]", "",
+                  "Unexpected character '\xb2' in path at \"\" 0,1 parser state esArrayInit", "", 0,
+                  1},
+        PathError{"StarAfterStar", "[**]", "",
+                  R"(Unexpected character '*' in path at "*" 1,2 parser state esArray)", "*", 1, 2},
+        PathError{"StarAfterDigit", "[1*]", "",
+                  R"(Unexpected character '*' in path at "1" 1,2 parser state esArray)", "1", 1, 2},
+        PathError{"ZeroByte", "[\0]"s, "",
+                  "Unexpected character '\0' in path at \"\" 0,1 parser state esArrayInit"s, "", 0,
+                  1},
+        PathError{"ZeroByteInToken", "a\0b]"s, "",
+                  "Unexpected character ']' in path at \"a\0b\" 0,3 parser state esObject"s,
+                  "a\0b"s, 0, 3},
+        PathError{
+            "LongToken", "x.abcdefghijklmnopqrstuvwxyz]", "key x; ",
             "Unexpected character ']' in path at \"abcdefghijklmnopqrstuvwxyz\" 2,28 parser state "
             "esObject",
             "abcdefghijklmnopqrstuvwxyz", 2, 28}),
-    nameOf);
+    k_rowName);
 
 // "Unexpexced" is what callers match on.
 INSTANTIATE_TEST_SUITE_P(
     UnexpectedEnd, PathErrors,
-    testing::Values(Row{"AfterDot", "a.", "key a; ",
-                        R"(Unexpexced EOF in path at "" 1,2 parser state esObjectInit)", "", 1, 2},
-                    Row{"AfterLeadingDot", ".", "",
-                        R"(Unexpexced EOF in path at "" 0,1 parser state esObjectInit)", "", 0, 1},
-                    Row{"AfterIndexAndDot", "[0].", "item 0; ",
-                        R"(Unexpexced EOF in path at "" 3,4 parser state esObjectInit)", "", 3, 4},
-                    Row{"AfterOpeningBracket", "a[", "key a; ",
-                        R"(Unexpexced EOF in path at "" 1,2 parser state esArrayInit)", "", 1, 2},
-                    Row{"InIndex", "a[1", "key a; ",
-                        R"(Unexpexced EOF in path at "1" 2,3 parser state esArray)", "1", 2, 3},
-                    Row{"AfterStar", "[*", "",
-                        R"(Unexpexced EOF in path at "*" 1,2 parser state esArray)", "*", 1, 2},
-                    Row{"AtAByteFFAfterDot",
-                        "a.\xff"
-                        "b",
-                        "key a; ", R"(Unexpexced EOF in path at "" 1,2 parser state esObjectInit)",
-                        "", 1, 2},
-                    Row{"AtAByteFFInIndex", "[1\xff]", "",
-                        R"(Unexpexced EOF in path at "1" 1,2 parser state esArray)", "1", 1, 2},
-                    Row{"AtAnEscapedByteFFInIndex", "[1\\\xff]", "",
-                        R"(Unexpexced EOF in path at "1" 1,3 parser state esArray)", "1", 1, 3},
-                    Row{"AtABackslashAfterOpeningBracket", "[\\", "",
-                        R"(Unexpexced EOF in path at "" 0,2 parser state esArrayInit)", "", 0, 2},
-                    Row{"AtABackslashInIndex", "[1\\", "",
-                        R"(Unexpexced EOF in path at "1" 1,3 parser state esArray)", "1", 1, 3}),
-    nameOf);
+    testing::Values(
+        PathError{"AfterDot", "a.", "key a; ",
+                  R"(Unexpexced EOF in path at "" 1,2 parser state esObjectInit)", "", 1, 2},
+        PathError{"AfterLeadingDot", ".", "",
+                  R"(Unexpexced EOF in path at "" 0,1 parser state esObjectInit)", "", 0, 1},
+        PathError{"AfterIndexAndDot", "[0].", "item 0; ",
+                  R"(Unexpexced EOF in path at "" 3,4 parser state esObjectInit)", "", 3, 4},
+        PathError{"AfterOpeningBracket", "a[", "key a; ",
+                  R"(Unexpexced EOF in path at "" 1,2 parser state esArrayInit)", "", 1, 2},
+        PathError{"InIndex", "a[1", "key a; ",
+                  R"(Unexpexced EOF in path at "1" 2,3 parser state esArray)", "1", 2, 3},
+        PathError{"AfterStar", "[*", "",
+                  R"(Unexpexced EOF in path at "*" 1,2 parser state esArray)", "*", 1, 2},
+        PathError{"AtAByteFFAfterDot",
+                  "a.\xff"
+                  "b",
+                  "key a; ", R"(Unexpexced EOF in path at "" 1,2 parser state esObjectInit)", "", 1,
+                  2},
+        PathError{"AtAByteFFInIndex", "[1\xff]", "",
+                  R"(Unexpexced EOF in path at "1" 1,2 parser state esArray)", "1", 1, 2},
+        PathError{"AtAnEscapedByteFFInIndex", "[1\\\xff]", "",
+                  R"(Unexpexced EOF in path at "1" 1,3 parser state esArray)", "1", 1, 3},
+        PathError{"AtABackslashAfterOpeningBracket", "[\\", "",
+                  R"(Unexpexced EOF in path at "" 0,2 parser state esArrayInit)", "", 0, 2},
+        PathError{"AtABackslashInIndex", "[1\\", "",
+                  R"(Unexpexced EOF in path at "1" 1,3 parser state esArray)", "1", 1, 3}),
+    k_rowName);
 
 struct Accepted {
     const char* name;
@@ -241,7 +257,7 @@ INSTANTIATE_TEST_SUITE_P(
                  R"(error Unexpected character ']' in path at "" 1,2 parser state esObjectInit; )"
                  R"(error Unexpected character '.' in path at "" 1,3 parser state esObjectInit; )"
                  R"(error Unexpexced EOF in path at "" 1,4 parser state esObjectInit)"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 struct Unreadable {
     const char* name;
@@ -301,7 +317,7 @@ INSTANTIATE_TEST_SUITE_P(
         Unreadable{"ManyDigits", "[9999999999999999999999999999999999999999]",
                    R"(error Unreadable index in path at )"
                    R"("9999999999999999999999999999999999999999" 1,41 parser state esInit)"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(UnreadableIndexByDefault, IsThrownAndNothingReported) {
     const char* const text =
@@ -365,6 +381,6 @@ INSTANTIATE_TEST_SUITE_P(
         // What is cut to -1 counts as unknown.
         Counters{"AllBitsOf32", 0xFFFFFFFF, 0x2FFFFFFFF, -1, -1, "Parse error at 1-1the message"},
         Counters{"AllBitsOf64", ~0UL, 5, -1, 5, "Parse error at 1-1,5the message"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 }  // namespace

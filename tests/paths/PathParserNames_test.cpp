@@ -12,6 +12,7 @@
 
 #include "PathEvents.h"
 #include "support/HostileLocale.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -36,18 +37,18 @@ static_assert(!std::is_convertible_v<PathParserListener&, PathParser>, "never by
 static_assert(!std::is_default_constructible_v<PathParser>);
 static_assert(sizeof(PathParser) == sizeof(void*), "a parser holds its listener only");
 
-struct Row {
+struct StateName {
     const char* name;
     PathParser::EState state;
     const char* text;
     const wchar_t* wideText;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const StateName& row, std::ostream* out) {
     *out << row.name;
 }
 
-class PathParserStateName : public testing::TestWithParam<Row> {};
+class PathParserStateName : public testing::TestWithParam<StateName> {};
 
 TEST_P(PathParserStateName, IsWrittenToANarrowStream) {
     std::ostringstream out;
@@ -65,29 +66,26 @@ constexpr PathParser::EState stateOf(int value) {
     return static_cast<PathParser::EState>(value);
 }
 
-std::string nameOf(const testing::TestParamInfo<Row>& row) {
-    return row.param.name;
-}
-
 INSTANTIATE_TEST_SUITE_P(
     EachState, PathParserStateName,
-    testing::Values(Row{"Init", PathParser::esInit, "esInit", L"esInit"},
-                    Row{"ObjectInit", PathParser::esObjectInit, "esObjectInit", L"esObjectInit"},
-                    Row{"Object", PathParser::esObject, "esObject", L"esObject"},
-                    Row{"ArrayInit", PathParser::esArrayInit, "esArrayInit", L"esArrayInit"},
-                    Row{"Array", PathParser::esArray, "esArray", L"esArray"},
-                    Row{"Error", PathParser::esError, "esError", L"esError"}),
-    nameOf);
+    testing::Values(StateName{"Init", PathParser::esInit, "esInit", L"esInit"},
+                    StateName{"ObjectInit", PathParser::esObjectInit, "esObjectInit",
+                              L"esObjectInit"},
+                    StateName{"Object", PathParser::esObject, "esObject", L"esObject"},
+                    StateName{"ArrayInit", PathParser::esArrayInit, "esArrayInit", L"esArrayInit"},
+                    StateName{"Array", PathParser::esArray, "esArray", L"esArray"},
+                    StateName{"Error", PathParser::esError, "esError", L"esError"}),
+    k_rowName);
 
-INSTANTIATE_TEST_SUITE_P(OtherValues, PathParserStateName,
-                         testing::Values(Row{"OneBelow", stateOf(-1), ">>INVALID<<",
-                                             L">>INVALID<<"},
-                                         Row{"OneAbove", stateOf(6), ">>INVALID<<", L">>INVALID<<"},
-                                         Row{"Least", stateOf(std::numeric_limits<int>::min()),
-                                             ">>INVALID<<", L">>INVALID<<"},
-                                         Row{"Largest", stateOf(std::numeric_limits<int>::max()),
-                                             ">>INVALID<<", L">>INVALID<<"}),
-                         nameOf);
+INSTANTIATE_TEST_SUITE_P(
+    OtherValues, PathParserStateName,
+    testing::Values(StateName{"OneBelow", stateOf(-1), ">>INVALID<<", L">>INVALID<<"},
+                    StateName{"OneAbove", stateOf(6), ">>INVALID<<", L">>INVALID<<"},
+                    StateName{"Least", stateOf(std::numeric_limits<int>::min()), ">>INVALID<<",
+                              L">>INVALID<<"},
+                    StateName{"Largest", stateOf(std::numeric_limits<int>::max()), ">>INVALID<<",
+                              L">>INVALID<<"}),
+    k_rowName);
 
 TEST(PathParserStateNames, FillTheWidthThatIsSetOnTheStream) {
     std::ostringstream out;

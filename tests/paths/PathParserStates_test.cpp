@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "PathEvents.h"
+#include "support/rowName.h"
 
 using zo::Tessera::PathParser;
 
@@ -19,13 +20,13 @@ namespace {
 //     bad '.' at <k> 1,2 in esObject
 // stands for
 //     error Unexpected character '.' in path at "k" 1,2 parser state esObject
-struct Row {
+struct Transition {
     const char* name;
     const char* text;
     const char* events;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const Transition& row, std::ostream* out) {
     *out << row.name;
 }
 
@@ -55,33 +56,29 @@ std::string afterBar(const std::string& text) {
     return bar == std::string::npos ? "" : text.substr(bar + 1);
 }
 
-class PathParserStates : public testing::TestWithParam<Row> {};
+class PathParserStates : public testing::TestWithParam<Transition> {};
 
 TEST_P(PathParserStates, GoOnForAListenerThatAcceptsErrors) {
-    const Row& row = GetParam();
+    const Transition& row = GetParam();
     EXPECT_EQ(eventsOf(replaced(row.text, "|", ""), Errors::accepted),
               spelledOut(replaced(row.events, " | ", "; ")));
 }
 
 TEST_P(PathParserStates, EndForAListenerThatRefusesErrors) {
-    const Row& row = GetParam();
+    const Transition& row = GetParam();
     EXPECT_EQ(eventsOf(replaced(row.text, "|", "")),
               spelledOut(beforeBar(replaced(row.events, " | ", "|"))));
 }
 
 TEST_P(PathParserStates, LeaveInTheStreamWhatFollowsTheEnd) {
-    const Row& row = GetParam();
+    const Transition& row = GetParam();
     PathEvents log(Errors::refused);
     std::istringstream in(replaced(row.text, "|", ""));
     PathParser(log).parse(in);
     EXPECT_EQ(restOf(in), afterBar(row.text));
 }
 
-std::string nameOf(const testing::TestParamInfo<Row>& row) {
-    return row.param.name;
-}
-
-const Row k_atTheStart[] = {
+const Transition k_atTheStart[] = {
     {"Dot", ".]", "bad ']' at <> 0,1 in esObjectInit | bad EOF at <> 0,2 in esObjectInit"},
     {"OpenBracket", "[]", "bad ']' at <> 0,1 in esArrayInit | bad EOF at <> 0,2 in esArrayInit"},
     {"CloseBracket", "]|]", "bad ']' at <> 0,0 in esInit | bad ']' at <> 0,1 in esInit; finish"},
@@ -101,7 +98,7 @@ const Row k_atTheStart[] = {
     {"ByteFF", "\xff|]", "finish"},
 };
 
-const Row k_afterAnIndex[] = {
+const Transition k_afterAnIndex[] = {
     {"Dot", "[0].]",
      "item 0; bad ']' at <> 3,4 in esObjectInit | bad EOF at <> 3,5 in esObjectInit"},
     {"OpenBracket", "[0][]",
@@ -124,7 +121,7 @@ const Row k_afterAnIndex[] = {
     {"ByteFF", "[0]\xff|]", "item 0; finish"},
 };
 
-const Row k_afterADot[] = {
+const Transition k_afterADot[] = {
     {"Dot", "k..|]",
      "key k; bad '.' at <> 1,2 in esObjectInit | bad ']' at <> 1,3 in esObjectInit; "
      "bad EOF at <> 1,4 in esObjectInit"},
@@ -150,7 +147,7 @@ const Row k_afterADot[] = {
     {"ByteFF", "k.\xff|]", "key k; bad EOF at <> 1,2 in esObjectInit"},
 };
 
-const Row k_inAKey[] = {
+const Transition k_inAKey[] = {
     {"Dot", "k.]", "key k; bad ']' at <> 1,2 in esObjectInit | bad EOF at <> 1,3 in esObjectInit"},
     {"OpenBracket", "k[]",
      "key k; bad ']' at <> 1,2 in esArrayInit | bad EOF at <> 1,3 in esArrayInit"},
@@ -172,7 +169,7 @@ const Row k_inAKey[] = {
     {"ByteFF", "k\xff|]", "key k; finish"},
 };
 
-const Row k_afterAnOpenBracket[] = {
+const Transition k_afterAnOpenBracket[] = {
     {"Dot", "[.|]",
      "bad '.' at <> 0,1 in esArrayInit | bad ']' at <> 0,2 in esArrayInit; "
      "bad EOF at <> 0,3 in esArrayInit"},
@@ -214,7 +211,7 @@ const Row k_afterAnOpenBracket[] = {
     {"ByteFF", "[\xff|]", "bad EOF at <> 0,1 in esArrayInit"},
 };
 
-const Row k_inAnIndex[] = {
+const Transition k_inAnIndex[] = {
     {"Dot", "[1.|]", "bad '.' at <1> 1,2 in esArray | item 1; finish"},
     {"OpenBracket", "[1[|]", "bad '[' at <1> 1,2 in esArray | item 1; finish"},
     {"CloseBracket", "[1]]", "item 1; bad ']' at <> 2,3 in esInit | finish"},
@@ -236,7 +233,7 @@ const Row k_inAnIndex[] = {
 
 // esError: only after this error does a refused run go on, for an index is reported all the same,
 // and it ends at the next character, whatever that is.
-const Row k_afterARefusedIndex[] = {
+const Transition k_afterARefusedIndex[] = {
     {"Dot", "[*7].|]",
      "bad index at <*7> 1,3 in esInit; item 18446744073709551614 | "
      "bad ']' at <> 4,5 in esObjectInit; bad EOF at <> 4,6 in esObjectInit"},
@@ -290,14 +287,15 @@ const Row k_afterARefusedIndex[] = {
      "finish"},
 };
 
-INSTANTIATE_TEST_SUITE_P(AtTheStart, PathParserStates, testing::ValuesIn(k_atTheStart), nameOf);
-INSTANTIATE_TEST_SUITE_P(AfterAnIndex, PathParserStates, testing::ValuesIn(k_afterAnIndex), nameOf);
-INSTANTIATE_TEST_SUITE_P(AfterADot, PathParserStates, testing::ValuesIn(k_afterADot), nameOf);
-INSTANTIATE_TEST_SUITE_P(InAKey, PathParserStates, testing::ValuesIn(k_inAKey), nameOf);
+INSTANTIATE_TEST_SUITE_P(AtTheStart, PathParserStates, testing::ValuesIn(k_atTheStart), k_rowName);
+INSTANTIATE_TEST_SUITE_P(AfterAnIndex, PathParserStates, testing::ValuesIn(k_afterAnIndex),
+                         k_rowName);
+INSTANTIATE_TEST_SUITE_P(AfterADot, PathParserStates, testing::ValuesIn(k_afterADot), k_rowName);
+INSTANTIATE_TEST_SUITE_P(InAKey, PathParserStates, testing::ValuesIn(k_inAKey), k_rowName);
 INSTANTIATE_TEST_SUITE_P(AfterAnOpenBracket, PathParserStates,
-                         testing::ValuesIn(k_afterAnOpenBracket), nameOf);
-INSTANTIATE_TEST_SUITE_P(InAnIndex, PathParserStates, testing::ValuesIn(k_inAnIndex), nameOf);
+                         testing::ValuesIn(k_afterAnOpenBracket), k_rowName);
+INSTANTIATE_TEST_SUITE_P(InAnIndex, PathParserStates, testing::ValuesIn(k_inAnIndex), k_rowName);
 INSTANTIATE_TEST_SUITE_P(AfterARefusedIndex, PathParserStates,
-                         testing::ValuesIn(k_afterARefusedIndex), nameOf);
+                         testing::ValuesIn(k_afterARefusedIndex), k_rowName);
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <zo/Tessera/Path.h>
 
 #include "PathEvents.h"
+#include "support/rowName.h"
 
 using zo::Tessera::Path;
 using zo::Tessera::PathParser;
@@ -17,21 +18,17 @@ namespace {
 
 using namespace std::string_literals;
 
-struct Row {
+struct Segments {
     const char* name;
     std::string text;
     std::string events;
 };
 
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const Segments& row, std::ostream* out) {
     *out << row.name;
 }
 
-std::string nameOf(const testing::TestParamInfo<Row>& row) {
-    return row.param.name;
-}
-
-class PathTexts : public testing::TestWithParam<Row> {};
+class PathTexts : public testing::TestWithParam<Segments> {};
 
 TEST_P(PathTexts, AreReportedSegmentBySegment) {
     EXPECT_EQ(eventsOf(GetParam().text, Errors::refused), GetParam().events);
@@ -40,45 +37,45 @@ TEST_P(PathTexts, AreReportedSegmentBySegment) {
 
 INSTANTIATE_TEST_SUITE_P(
     Plain, PathTexts,
-    testing::Values(Row{"Empty", "", "finish"}, Row{"OneKey", "a", "key a; finish"},
-                    Row{"TwoKeys", "a.b", "key a; key b; finish"},
-                    Row{"ManyKeys", "meta.schema.properties.name",
-                        "key meta; key schema; key properties; key name; finish"},
-                    Row{"OneIndex", "[3]", "item 3; finish"},
-                    Row{"TwoIndexes", "[0][1]", "item 0; item 1; finish"},
-                    Row{"IndexAfterKey", "list[3]", "key list; item 3; finish"},
-                    Row{"KeyAfterIndex", "list[3].value", "key list; item 3; key value; finish"},
-                    Row{"Mixed", "a[0][1].b.c[2]",
-                        "key a; item 0; item 1; key b; key c; item 2; finish"},
-                    Row{"NoParticularIndex", "[*]", "item 18446744073709551615; finish"},
-                    Row{"NoParticularIndexes", "a[*][*].b",
-                        "key a; item 18446744073709551615; item 18446744073709551615; key b; "
-                        "finish"}),
-    nameOf);
+    testing::Values(
+        Segments{"Empty", "", "finish"}, Segments{"OneKey", "a", "key a; finish"},
+        Segments{"TwoKeys", "a.b", "key a; key b; finish"},
+        Segments{"ManyKeys", "meta.schema.properties.name",
+                 "key meta; key schema; key properties; key name; finish"},
+        Segments{"OneIndex", "[3]", "item 3; finish"},
+        Segments{"TwoIndexes", "[0][1]", "item 0; item 1; finish"},
+        Segments{"IndexAfterKey", "list[3]", "key list; item 3; finish"},
+        Segments{"KeyAfterIndex", "list[3].value", "key list; item 3; key value; finish"},
+        Segments{"Mixed", "a[0][1].b.c[2]", "key a; item 0; item 1; key b; key c; item 2; finish"},
+        Segments{"NoParticularIndex", "[*]", "item 18446744073709551615; finish"},
+        Segments{"NoParticularIndexes", "a[*][*].b",
+                 "key a; item 18446744073709551615; item 18446744073709551615; key b; "
+                 "finish"}),
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Lenient, PathTexts,
-    testing::Values(Row{"LeadingDot", ".a", "key a; finish"},
-                    Row{"LeadingDotBeforeTwoKeys", ".a.b", "key a; key b; finish"},
-                    Row{"NoDotAfterIndex", "a[2]b", "key a; item 2; key b; finish"},
-                    Row{"NoDotAfterLeadingIndex", "[0]a", "item 0; key a; finish"},
-                    Row{"DotAfterLeadingIndex", "[0].a", "item 0; key a; finish"}),
-    nameOf);
+    testing::Values(Segments{"LeadingDot", ".a", "key a; finish"},
+                    Segments{"LeadingDotBeforeTwoKeys", ".a.b", "key a; key b; finish"},
+                    Segments{"NoDotAfterIndex", "a[2]b", "key a; item 2; key b; finish"},
+                    Segments{"NoDotAfterLeadingIndex", "[0]a", "item 0; key a; finish"},
+                    Segments{"DotAfterLeadingIndex", "[0].a", "item 0; key a; finish"}),
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     KeysOfAnyCharacters, PathTexts,
-    testing::Values(Row{"Star", "*", "key *; finish"}, Row{"StarInside", "a*b", "key a*b; finish"},
-                    Row{"Digits", "12.3", "key 12; key 3; finish"},
-                    Row{"Blanks", " a . b ", "key  a ; key  b ; finish"},
-                    Row{"OnlyABlank", " ", "key  ; finish"},
-                    Row{"LinesAndTabs", "a\nb\r.\tc", "key a\nb\r; key \tc; finish"},
-                    Row{"OtherPunctuation", "a-b/c:d\"e'{}(),;", "key a-b/c:d\"e'{}(),;; finish"},
-                    Row{"Utf8", "\xc3\xa4.\xe2\x82\xac", "key \xc3\xa4; key \xe2\x82\xac; finish"},
-                    Row{"HighBytes", "\x80\xfe.\xae\xdb\xdd",
-                        "key \x80\xfe; key \xae\xdb\xdd; finish"},
-                    Row{"ZeroBytes", "a\0b.\0[0]"s, "key a\0b; key \0; item 0; finish"s},
-                    Row{"EscapedZeroByte", "a\\\0b"s, "key a\0b; finish"s}),
-    nameOf);
+    testing::Values(
+        Segments{"Star", "*", "key *; finish"}, Segments{"StarInside", "a*b", "key a*b; finish"},
+        Segments{"Digits", "12.3", "key 12; key 3; finish"},
+        Segments{"Blanks", " a . b ", "key  a ; key  b ; finish"},
+        Segments{"OnlyABlank", " ", "key  ; finish"},
+        Segments{"LinesAndTabs", "a\nb\r.\tc", "key a\nb\r; key \tc; finish"},
+        Segments{"OtherPunctuation", "a-b/c:d\"e'{}(),;", "key a-b/c:d\"e'{}(),;; finish"},
+        Segments{"Utf8", "\xc3\xa4.\xe2\x82\xac", "key \xc3\xa4; key \xe2\x82\xac; finish"},
+        Segments{"HighBytes", "\x80\xfe.\xae\xdb\xdd", "key \x80\xfe; key \xae\xdb\xdd; finish"},
+        Segments{"ZeroBytes", "a\0b.\0[0]"s, "key a\0b; key \0; item 0; finish"s},
+        Segments{"EscapedZeroByte", "a\\\0b"s, "key a\0b; finish"s}),
+    k_rowName);
 
 std::string keyOf(size_t length) {
     return std::string(length - 1, 'k') + "e";
@@ -87,67 +84,71 @@ std::string keyOf(size_t length) {
 // Beyond 15 bytes a string keeps its text elsewhere; the key after a long one begins anew.
 INSTANTIATE_TEST_SUITE_P(
     KeysOfAnyLength, PathTexts,
-    testing::Values(Row{"Bytes15", keyOf(15), "key " + keyOf(15) + "; finish"},
-                    Row{"Bytes16", keyOf(16), "key " + keyOf(16) + "; finish"},
-                    Row{"Bytes17", keyOf(17), "key " + keyOf(17) + "; finish"},
-                    Row{"Bytes100000", keyOf(100000), "key " + keyOf(100000) + "; finish"},
-                    Row{"ShortAfterLong", keyOf(100) + ".a[7]." + keyOf(40),
+    testing::Values(Segments{"Bytes15", keyOf(15), "key " + keyOf(15) + "; finish"},
+                    Segments{"Bytes16", keyOf(16), "key " + keyOf(16) + "; finish"},
+                    Segments{"Bytes17", keyOf(17), "key " + keyOf(17) + "; finish"},
+                    Segments{"Bytes100000", keyOf(100000), "key " + keyOf(100000) + "; finish"},
+                    Segments{
+                        "ShortAfterLong", keyOf(100) + ".a[7]." + keyOf(40),
                         "key " + keyOf(100) + "; key a; item 7; key " + keyOf(40) + "; finish"}),
-    nameOf);
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Escapes, PathTexts,
-    testing::Values(Row{"Dot", "a\\.b", "key a.b; finish"},
-                    Row{"Backslash", "a\\\\b", "key a\\b; finish"},
-                    Row{"Brackets", "\\[0\\]", "key [0]; finish"},
-                    Row{"Star", "\\*", "key *; finish"}, Row{"Letter", "\\a\\n", "key an; finish"},
-                    Row{"DotAloneIsAKey", "\\.", "key .; finish"},
-                    Row{"DotAfterDot", ".\\..\\.", "key .; key .; finish"},
-                    Row{"DotAfterIndex", "[0]\\.a", "item 0; key .a; finish"},
-                    Row{"BackslashesBeforeDot", "a\\\\.b", "key a\\; key b; finish"},
-                    Row{"BackslashesBeforeBracket", "a\\\\[0]", "key a\\; item 0; finish"},
-                    Row{"ThreeBackslashesBeforeDot", "a\\\\\\.b", "key a\\.b; finish"},
-                    Row{"DigitAsIndex", "[\\5]", "item 5; finish"},
-                    Row{"DigitsOfIndex", "[\\1\\2][3\\4]", "item 12; item 34; finish"},
-                    Row{"StarAsIndex", "[\\*]", "item 18446744073709551615; finish"}),
-    nameOf);
+    testing::Values(Segments{"Dot", "a\\.b", "key a.b; finish"},
+                    Segments{"Backslash", "a\\\\b", "key a\\b; finish"},
+                    Segments{"Brackets", "\\[0\\]", "key [0]; finish"},
+                    Segments{"Star", "\\*", "key *; finish"},
+                    Segments{"Letter", "\\a\\n", "key an; finish"},
+                    Segments{"DotAloneIsAKey", "\\.", "key .; finish"},
+                    Segments{"DotAfterDot", ".\\..\\.", "key .; key .; finish"},
+                    Segments{"DotAfterIndex", "[0]\\.a", "item 0; key .a; finish"},
+                    Segments{"BackslashesBeforeDot", "a\\\\.b", "key a\\; key b; finish"},
+                    Segments{"BackslashesBeforeBracket", "a\\\\[0]", "key a\\; item 0; finish"},
+                    Segments{"ThreeBackslashesBeforeDot", "a\\\\\\.b", "key a\\.b; finish"},
+                    Segments{"DigitAsIndex", "[\\5]", "item 5; finish"},
+                    Segments{"DigitsOfIndex", "[\\1\\2][3\\4]", "item 12; item 34; finish"},
+                    Segments{"StarAsIndex", "[\\*]", "item 18446744073709551615; finish"}),
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Indexes, PathTexts,
-    testing::Values(Row{"Zero", "[0]", "item 0; finish"}, Row{"Nine", "[9]", "item 9; finish"},
-                    Row{"Digits", "[1234567890]", "item 1234567890; finish"},
-                    Row{"LeadingZeros", "[00][007][010]", "item 0; item 7; item 10; finish"},
-                    Row{"ManyLeadingZeros", "[" + std::string(100, '0') + "7]", "item 7; finish"},
-                    Row{"Past32Bits", "[4294967296]", "item 4294967296; finish"},
-                    Row{"SignBit", "[9223372036854775808]", "item 9223372036854775808; finish"},
-                    Row{"OneBelowLargest", "[18446744073709551614]",
-                        "item 18446744073709551614; finish"},
-                    Row{"LargestIsNoParticularOne", "[18446744073709551615]",
-                        "item 18446744073709551615; finish"},
-                    Row{"LeadingZeroBeforeLargest", "[018446744073709551615]",
-                        "item 18446744073709551615; finish"}),
-    nameOf);
+    testing::Values(
+        Segments{"Zero", "[0]", "item 0; finish"}, Segments{"Nine", "[9]", "item 9; finish"},
+        Segments{"Digits", "[1234567890]", "item 1234567890; finish"},
+        Segments{"LeadingZeros", "[00][007][010]", "item 0; item 7; item 10; finish"},
+        Segments{"ManyLeadingZeros", "[" + std::string(100, '0') + "7]", "item 7; finish"},
+        Segments{"Past32Bits", "[4294967296]", "item 4294967296; finish"},
+        Segments{"SignBit", "[9223372036854775808]", "item 9223372036854775808; finish"},
+        Segments{"OneBelowLargest", "[18446744073709551614]", "item 18446744073709551614; finish"},
+        Segments{"LargestIsNoParticularOne", "[18446744073709551615]",
+                 "item 18446744073709551615; finish"},
+        Segments{"LeadingZeroBeforeLargest", "[018446744073709551615]",
+                 "item 18446744073709551615; finish"}),
+    k_rowName);
 
 // The end of the text is told by its lowest byte, as a signed character.
-INSTANTIATE_TEST_SUITE_P(
-    EndingInAByteFF, PathTexts,
-    testing::Values(Row{"Alone", "\xff", "finish"}, Row{"InKey", "ab\xff.c", "key ab; finish"},
-                    Row{"AfterIndex", "[0]\xff]", "item 0; finish"},
-                    Row{"EscapedIsOfTheKey", "a\\\xff.b", "key a\xff; key b; finish"},
-                    Row{"EscapedThenBare",
-                        "\\\xff\xff"
-                        "a",
-                        "key \xff; finish"}),
-    nameOf);
+INSTANTIATE_TEST_SUITE_P(EndingInAByteFF, PathTexts,
+                         testing::Values(Segments{"Alone", "\xff", "finish"},
+                                         Segments{"InKey", "ab\xff.c", "key ab; finish"},
+                                         Segments{"AfterIndex", "[0]\xff]", "item 0; finish"},
+                                         Segments{"EscapedIsOfTheKey", "a\\\xff.b",
+                                                  "key a\xff; key b; finish"},
+                                         Segments{"EscapedThenBare",
+                                                  "\\\xff\xff"
+                                                  "a",
+                                                  "key \xff; finish"}),
+                         k_rowName);
 
-INSTANTIATE_TEST_SUITE_P(EndingInABackslash, PathTexts,
-                         testing::Values(Row{"Alone", "\\", "key \xff; finish"},
-                                         Row{"InKey", "ab\\", "key ab\xff; finish"},
-                                         Row{"AfterDot", "a.\\", "key a; key \xff; finish"},
-                                         Row{"AfterIndex", "[0]\\", "item 0; key \xff; finish"},
-                                         Row{"AfterAnEscapedOne", "a\\\\\\", "key a\\\xff; finish"},
-                                         Row{"EscapedItself", "a\\\\", "key a\\; finish"}),
-                         nameOf);
+INSTANTIATE_TEST_SUITE_P(
+    EndingInABackslash, PathTexts,
+    testing::Values(Segments{"Alone", "\\", "key \xff; finish"},
+                    Segments{"InKey", "ab\\", "key ab\xff; finish"},
+                    Segments{"AfterDot", "a.\\", "key a; key \xff; finish"},
+                    Segments{"AfterIndex", "[0]\\", "item 0; key \xff; finish"},
+                    Segments{"AfterAnEscapedOne", "a\\\\\\", "key a\\\xff; finish"},
+                    Segments{"EscapedItself", "a\\\\", "key a\\; finish"}),
+    k_rowName);
 
 TEST(PathParser, ReportsNoParticularIndexAsTheConstant) {
     EXPECT_EQ(eventsOf("[*]"), "item " + std::to_string(Path::k_noIndex) + "; finish");
@@ -180,10 +181,6 @@ TEST_P(PathParserStop, LeavesTheRestInTheStream) {
     EXPECT_EQ(restOf(in), row.left);
 }
 
-std::string nameOfStop(const testing::TestParamInfo<Stop>& row) {
-    return row.param.name;
-}
-
 INSTANTIATE_TEST_SUITE_P(InTheMiddle, PathParserStop,
                          testing::Values(Stop{"KeyBeforeDot", "a.b", "key a", "key a", "b"},
                                          Stop{"KeyBeforeDotAtTheEnd", "a.", "key a", "key a", ""},
@@ -194,7 +191,7 @@ INSTANTIATE_TEST_SUITE_P(InTheMiddle, PathParserStop,
                                          Stop{"IndexBeforeKey", "[0]a", "item 0", "item 0", "a"},
                                          Stop{"IndexBeforeIndex", "a[0][1]", "item 0",
                                               "key a; item 0", "[1]"}),
-                         nameOfStop);
+                         k_rowName);
 
 // A last key is complete only where the text is; a last index before that. Listeners count on it.
 INSTANTIATE_TEST_SUITE_P(
@@ -206,7 +203,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Stop{"IndexDoesNotFinish", "[0]", "item 0", "item 0", ""},
                     Stop{"IndexAfterKeyDoesNotFinish", "a[0]", "item 0", "key a; item 0", ""},
                     Stop{"IndexBeforeAByteFFDoesNotFinish", "[0]\xff", "item 0", "item 0", "\xff"}),
-    nameOfStop);
+    k_rowName);
 
 TEST(PathParserRuns, KeepNothingOfEachOther) {
     // Ended by an error in each state, or in the middle of an escape.

@@ -16,6 +16,7 @@
 
 #include "support/classicText.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -165,7 +166,7 @@ std::string readBack(const Element& element, const Element* ancestor) {
     }
 }
 
-const char* const k_document =
+const char* const k_oddKeys =
     "{\"\": {\"\": {\"b\": 1}, \"b\": 2}, \"b\": 3,"
     " \"a\": {\"\": {\"b\": 4, \"\": 5}, \"b\": 6, \"\xff\": 7, \"b\xff.c\": 8},"
     " \"list\": [{\"\": {\"b\": 9}, \"\xff\": 10}],"
@@ -182,7 +183,7 @@ struct OneWay {
 class PathOfNoReturn : public testing::TestWithParam<OneWay> {};
 
 TEST_P(PathOfNoReturn, LeadsElsewhereOrNowhere) {
-    const auto root = parsed(k_document);
+    const auto root = parsed(k_oddKeys);
     const Element* element = root.get();
     for (const std::string& step : GetParam().steps) {
         element = element->type() == etArray ? &element->at(0) : &element->at(step);
@@ -236,7 +237,7 @@ INSTANTIATE_TEST_SUITE_P(
                            "list[0]..b",
                            "Parse error at 1,7-1,8Unexpected character '.' in path at \"\" 7,8 "
                            "parser state esObjectInit"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 // The byte 0xFF is not escaped, and ends the text.
 INSTANTIATE_TEST_SUITE_P(
@@ -259,10 +260,10 @@ INSTANTIATE_TEST_SUITE_P(
                            "list[0].\xff",
                            "Parse error at 1,7-1,8Unexpexced EOF in path at \"\" 7,8 "
                            "parser state esObjectInit"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(PathByHand, ReachesAKeyWithTheLastByteBehindABackslash) {
-    const auto root = parsed(k_document);
+    const auto root = parsed(k_oddKeys);
     EXPECT_EQ(&root->get("a\\\xff"), &root->at("a\xff"));
     EXPECT_EQ(&root->get("a.b\\\xff\\.c"), &root->at("a").at("b\xff.c"));
     EXPECT_EQ(&root->get("\\\xff.b"), &root->at("\xff").at("b"));
@@ -270,13 +271,13 @@ TEST(PathByHand, ReachesAKeyWithTheLastByteBehindABackslash) {
 
 // The end of the text is itself taken for the escaped character, as the byte 0xFF.
 TEST(PathByHand, ThatEndsInASingleBackslashReachesAKeyThatEndsInTheLastByte) {
-    const auto root = parsed(k_document);
+    const auto root = parsed(k_oddKeys);
     EXPECT_EQ(&root->get("q\\"), &root->at("q\xff"));
     EXPECT_EQ(&root->get("\\"), &root->at("\xff"));
 }
 
 TEST(PathOfNoReturnBelow, AnAncestorLosesAnEmptyKeyBeforeAnIndex) {
-    const auto root = parsed(k_document);
+    const auto root = parsed(k_oddKeys);
     const Element& x = root->at("x");
     EXPECT_EQ(x.at("").at(0).path(&x), "[0]");
     EXPECT_EQ(readBack(x.at("").at(0), &x),

@@ -15,6 +15,7 @@
 
 #include "support/NoMemory.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -118,7 +119,7 @@ INSTANTIATE_TEST_SUITE_P(
         Sort{"ByIndexesOfFifteenDigits", nullptr, "[000000000000001]", "[000000000000002]", ""},
         Sort{"ByAnIndexWhereAKeyIsNeeded", "k", "k", "[0]", "."},
         Sort{"ByAKeyWhereAnIndexIsNeeded", nullptr, "[1]", ".k", ""}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 // Nothing is thrown on the way, which would need memory.
 TEST(RemovalWithoutMemory, IsDone) {

@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string>
 
 #include <zo/Tessera/Exception.h>
 
 #include "support/dump.h"
 #include "support/inPlace.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -18,48 +18,48 @@ namespace {
 
 using Owner = std::unique_ptr<Element>;
 
-const char* const k_tree = R"({"a": {"b": 1, "c.[d]": 2}, "list": ["x", [3, {"k": 4}], "z"]})";
+const char* const k_wholeTree = R"({"a": {"b": 1, "c.[d]": 2}, "list": ["x", [3, {"k": 4}], "z"]})";
 
 /// A path in that tree, and what is left when that was removed.
-struct Case {
+struct RemovedPath {
     const char* name;
     const char* path;
     const char* after;
 };
 
-const auto k_name = [](const auto& row) { return std::string(row.param.name); };
-
-class RemoveByPath : public testing::TestWithParam<Case> {};
+class RemoveByPath : public testing::TestWithParam<RemovedPath> {};
 
 TEST_P(RemoveByPath, LeavesEverythingElseInItsPlace) {
-    const Owner root = parsed(k_tree);
+    const Owner root = parsed(k_wholeTree);
     EXPECT_TRUE(root->remove(GetParam().path));
     EXPECT_EQ(dump(*root), inPlace(GetParam().after));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Element, RemoveByPath,
-    testing::Values(
-        Case{"Member", "a.b", R"({"a": {"c.[d]": 2}, "list": ["x", [3, {"k": 4}], "z"]})"},
-        Case{"MemberWithAnEscapedKey", "a.c\\.\\[d\\]",
-             R"({"a": {"b": 1}, "list": ["x", [3, {"k": 4}], "z"]})"},
-        Case{"FilledMember", ".a", R"({"list": ["x", [3, {"k": 4}], "z"]})"},
-        Case{"FirstItem", "list[0]",
-             R"({"a": {"b": 1, "c.[d]": 2}, "list": [[3, {"k": 4}], "z"]})"},
-        Case{"ItemInTheMiddle", "list[1]", R"({"a": {"b": 1, "c.[d]": 2}, "list": ["x", "z"]})"},
-        Case{"LastItem", "list[2]", R"({"a": {"b": 1, "c.[d]": 2}, "list": ["x", [3, {"k": 4}]]})"},
-        Case{"ItemOfAnItem", "list[1][0]",
-             R"({"a": {"b": 1, "c.[d]": 2}, "list": ["x", [{"k": 4}], "z"]})"},
-        Case{"MemberOfAnItem", "list[1][1].k",
-             R"({"a": {"b": 1, "c.[d]": 2}, "list": ["x", [3, {}], "z"]})"}),
-    k_name);
+    testing::Values(RemovedPath{"Member", "a.b",
+                                R"({"a": {"c.[d]": 2}, "list": ["x", [3, {"k": 4}], "z"]})"},
+                    RemovedPath{"MemberWithAnEscapedKey", "a.c\\.\\[d\\]",
+                                R"({"a": {"b": 1}, "list": ["x", [3, {"k": 4}], "z"]})"},
+                    RemovedPath{"FilledMember", ".a", R"({"list": ["x", [3, {"k": 4}], "z"]})"},
+                    RemovedPath{"FirstItem", "list[0]",
+                                R"({"a": {"b": 1, "c.[d]": 2}, "list": [[3, {"k": 4}], "z"]})"},
+                    RemovedPath{"ItemInTheMiddle", "list[1]",
+                                R"({"a": {"b": 1, "c.[d]": 2}, "list": ["x", "z"]})"},
+                    RemovedPath{"LastItem", "list[2]",
+                                R"({"a": {"b": 1, "c.[d]": 2}, "list": ["x", [3, {"k": 4}]]})"},
+                    RemovedPath{"ItemOfAnItem", "list[1][0]",
+                                R"({"a": {"b": 1, "c.[d]": 2}, "list": ["x", [{"k": 4}], "z"]})"},
+                    RemovedPath{"MemberOfAnItem", "list[1][1].k",
+                                R"({"a": {"b": 1, "c.[d]": 2}, "list": ["x", [3, {}], "z"]})"}),
+    k_rowName);
 
 class RemoveOfNothing : public testing::TestWithParam<const char*> {};
 
 TEST_P(RemoveOfNothing, ChangesNothing) {
-    const Owner root = parsed(k_tree);
+    const Owner root = parsed(k_wholeTree);
     EXPECT_FALSE(root->remove(GetParam()));
-    EXPECT_EQ(dump(*root), inPlace(k_tree));
+    EXPECT_EQ(dump(*root), inPlace(k_wholeTree));
 }
 
 INSTANTIATE_TEST_SUITE_P(Element, RemoveOfNothing,
@@ -68,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(Element, RemoveOfNothing,
                                          "list[1][1].k.x", "list[18446744073709551614]"));
 
 TEST(RemoveByPath, BeginsAtTheElement) {
-    const Owner root = parsed(k_tree);
+    const Owner root = parsed(k_wholeTree);
     EXPECT_TRUE(root->at("list").remove("[1][0]"));
     EXPECT_TRUE(root->get("list[1]").remove("[0].k"));
     EXPECT_FALSE(root->get("a.b").remove("x"));
@@ -85,39 +85,39 @@ TEST(RemoveByPath, EmptiesATreeStepByStep) {
 }
 
 TEST(RemoveByPath, RefusesAnyIndexWhereverItStands) {
-    const Owner root = parsed(k_tree);
+    const Owner root = parsed(k_wholeTree);
     for (const char* const path :
          {"list[*]", "list[*].k", "missing[*]", "a[*]", "list[1][18446744073709551615]"}) {
         EXPECT_EQ(thrown<ParseException>([&] { root->remove(path); }), "Index must be set!")
             << path;
     }
-    EXPECT_EQ(dump(*root), inPlace(k_tree));
+    EXPECT_EQ(dump(*root), inPlace(k_wholeTree));
 }
 
 TEST(RemoveByPath, NeedsASegment) {
-    const Owner root = parsed(k_tree);
+    const Owner root = parsed(k_wholeTree);
     for (const char* const path : {"", "\xFF"}) {
         EXPECT_EQ(thrown<Exception>([&] { root->remove(path); }), "Path may not be empty");
         EXPECT_EQ(thrown<Exception>([&] { root->get("a.b").remove(path); }),
                   "Path may not be empty");
     }
-    EXPECT_EQ(dump(*root), inPlace(k_tree));
+    EXPECT_EQ(dump(*root), inPlace(k_wholeTree));
 }
 
 TEST(RemoveByPath, ReadsTheWholePathFirst) {
-    const Owner root = parsed(k_tree);
+    const Owner root = parsed(k_wholeTree);
     EXPECT_EQ(thrown<ParseException>([&] { root->remove("a..b"); }),
               "Parse error at 1,1-1,2Unexpected character '.' in path at \"\" 1,2 "
               "parser state esObjectInit");
     EXPECT_EQ(thrown<ParseException>([&] { root->remove("missing.x["); }),
               "Parse error at 1,9-1,10Unexpexced EOF in path at \"\" 9,10 "
               "parser state esArrayInit");
-    EXPECT_EQ(dump(*root), inPlace(k_tree));
+    EXPECT_EQ(dump(*root), inPlace(k_wholeTree));
 }
 
 // The containers of a copy are not their children's parents.
 TEST(RemoveByPathFromACopy, FindsItsWay) {
-    const Owner copy(parsed(k_tree)->clone());
+    const Owner copy(parsed(k_wholeTree)->clone());
     EXPECT_TRUE(copy->remove("list[1][1].k"));
     EXPECT_TRUE(copy->remove("list[0]"));
     EXPECT_TRUE(copy->remove("a"));

@@ -17,18 +17,13 @@
 #include "paths/RemoveForms.h"
 #include "support/dump.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
 namespace {
 
 using Owner = std::unique_ptr<Element>;
-
-/// The items of an array, each as its dump's line.
-std::string itemsOf(const Element& array) {
-    const std::string text = dump(array);
-    return text.substr(text.find('\n') + 1);
-}
 
 class RemoveElementDeletion : public testing::TestWithParam<RemoveForm> {
 protected:
@@ -38,7 +33,7 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(Element, RemoveElementDeletion, testing::ValuesIn(k_removeForms),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         k_rowName);
 
 /// A string that writes its own end down.
 class Mortal : public TBasicElement<std::string> {

@@ -17,6 +17,7 @@
 #include "support/classicText.h"
 #include "support/dump.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -38,20 +39,13 @@ protected:
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(Element, RemoveElement, testing::ValuesIn(k_removeForms),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Element, RemoveElement, testing::ValuesIn(k_removeForms), k_rowName);
 
 struct Removal {
     const char* name;
     const char* json;  // an array, from which "x" is removed
     const char* items;
 };
-
-/// The items of an array, each as its dump's line.
-std::string itemsOf(const Element& array) {
-    const std::string text = dump(array);
-    return text.substr(text.find('\n') + 1);
-}
 
 class RemoveElementRow : public testing::TestWithParam<std::tuple<RemoveForm, Removal>> {};
 

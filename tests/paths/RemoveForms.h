@@ -4,9 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
 #include <utility>
 
 #include <zo/Tessera/Element.h>
+
+#include "support/dump.h"
 
 /// Either way to name the pattern of `removeElement`.
 struct RemoveForm {
@@ -26,5 +29,11 @@ inline const RemoveForm k_removeForms[] = {
                  const zo::Tessera::Path& keyPath, const zo::Tessera::Path& arrayPath) {
          asked.removeElement(pattern, keyPath, arrayPath);
      }}};
+
+/// The items of an array, each as its dump's line.
+inline std::string itemsOf(const zo::Tessera::Element& array) {
+    const std::string text = dump(array);
+    return text.substr(text.find('\n') + 1);
+}
 
 #endif

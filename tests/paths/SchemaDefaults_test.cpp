@@ -12,6 +12,7 @@
 
 #include "paths/notFound.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -23,7 +24,7 @@ static_assert(
     std::is_same_v<decltype(std::declval<const Element&>().getUsingDefault("")), const Element&>);
 
 // "a.none" and "list[0].none" have a schema node without a default, "a.alien" has none at all.
-const char* const k_document = R"({
+const char* const k_documentWithSchema = R"({
     "meta": {"schema": {
         "default": "the whole",
         "items": {"default": "an item of the root"},
@@ -48,7 +49,7 @@ struct Default {
 class GetDefault : public testing::TestWithParam<Default> {};
 
 TEST_P(GetDefault, GivesTheMemberDefaultOfTheSchemaNode) {
-    const auto root = parsed(k_document);
+    const auto root = parsed(k_documentWithSchema);
     const Element& asked = std::as_const(*root).get(GetParam().element);
     const Element& found = asked.getDefault(GetParam().path);
     EXPECT_EQ(found.path(nullptr), GetParam().found);
@@ -89,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(
         // A backslash is neither "." nor "[": the dot is put before it.
         Default{"LeadingEscape", "x\\.y", "\\[0\\]",
                 "meta.schema.properties.x\\.y.properties.\\[0\\].default"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 struct NoDefault {
     const char* name;
@@ -102,7 +103,7 @@ class NoDefaultFound : public testing::TestWithParam<NoDefault> {};
 
 // The element that is asked for may well be there: its default comes first.
 TEST_P(NoDefaultFound, NamesTheSchemaPath) {
-    const auto root = parsed(k_document);
+    const auto root = parsed(k_documentWithSchema);
     const Element& asked = root->get(GetParam().element);
     EXPECT_EQ(notFound([&] { asked.getDefault(GetParam().path); }), GetParam().message);
     EXPECT_EQ(notFound([&] { asked.getUsingDefault(GetParam().path); }), GetParam().message);
@@ -135,7 +136,7 @@ INSTANTIATE_TEST_SUITE_P(
                   R"(Path "meta.schema.properties.a.properties.none.properties.x.default" )"
                   R"(not found! Key "properties". )"
                   R"(Current element: "meta.schema.properties.a.properties.none")"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(SchemaDefaults, AreNotThereWithoutASchema) {
     for (const char* json : {"[1]", "{}", R"({"a": {"b": 1}})"}) {
@@ -151,7 +152,7 @@ TEST(SchemaDefaults, AreNotThereWithoutASchema) {
 
 // A detached copy is the root of its own tree.
 TEST(SchemaDefaults, AreLookedUpInTheTreeOfTheElement) {
-    const auto root = parsed(k_document);
+    const auto root = parsed(k_documentWithSchema);
     const std::unique_ptr<Element> copy(root->at("a").clone());
     EXPECT_EQ(notFound([&] { copy->getDefault("b"); }),
               R"(Path "meta.schema.properties.b.default" not found! Key "meta". )"
@@ -172,7 +173,7 @@ struct Value {
 class GetUsingDefault : public testing::TestWithParam<Value> {};
 
 TEST_P(GetUsingDefault, GivesTheElementOrElseItsDefault) {
-    const auto root = parsed(k_document);
+    const auto root = parsed(k_documentWithSchema);
     const Element& asked = root->get(GetParam().element);
     EXPECT_EQ(&asked.getUsingDefault(GetParam().path), &root->get(GetParam().found));
 }
@@ -193,7 +194,7 @@ INSTANTIATE_TEST_SUITE_P(
         Value{"MemberOfAnItemOfAnotherKind", "list[1]", "x",
               "meta.schema.properties.list.items.properties.x.default"},
         Value{"ItemOfARootThatIsNoArray", "", "[0]", "meta.schema.items.default"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(UsingSchemaDefaults, GivesAnExistingNullRatherThanTheDefault) {
     const auto root =
@@ -203,7 +204,7 @@ TEST(UsingSchemaDefaults, GivesAnExistingNullRatherThanTheDefault) {
 
 // Each text is read with the path of the element before it, and so are the columns counted.
 TEST(SchemaDefaults, ThrowWhereTheSyntaxBreaks) {
-    const auto root = parsed(k_document);
+    const auto root = parsed(k_documentWithSchema);
     const Element& a = root->at("a");
     const auto both = [](const Element& asked, const char* path) {
         const std::string text = thrown<ParseException>([&] { asked.getDefault(path); });
@@ -230,7 +231,7 @@ TEST(SchemaDefaults, ThrowWhereTheSyntaxBreaks) {
 }
 
 TEST(UsingSchemaDefaults, ThrowsForAnyItemThatIsLookedUp) {
-    const auto root = parsed(k_document);
+    const auto root = parsed(k_documentWithSchema);
     EXPECT_EQ(thrown<ParseException>([&] { root->getUsingDefault("list[*]"); }),
               "Index must be set!");
     // Without a default it does not come to that, and neither does a look-up that ends before.

@@ -13,6 +13,7 @@
 #include <zo/Tessera/PathGenerator.h>
 
 #include "support/HostileLocale.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -61,16 +62,14 @@ std::string outcome(const char* written, const char* error) {
     return error ? std::string(written) + " ! " + error : written;
 }
 
-struct Row {
+struct Conversion {
     const char* name;
     const char* path;
     const char* written;
     const char* error = nullptr;
 };
 
-const auto rowName = [](const auto& row) { return std::string(row.param.name); };
-
-class ToSchemaPath : public testing::TestWithParam<Row> {};
+class ToSchemaPath : public testing::TestWithParam<Conversion> {};
 
 TEST_P(ToSchemaPath, IsWrittenByTheConverter) {
     EXPECT_EQ(converted<ToSchemaPathConverter>(GetParam().path),
@@ -89,35 +88,42 @@ TEST_P(ToSchemaPath, IsReturnedByThePath) {
 INSTANTIATE_TEST_SUITE_P(
     SchemaPathConverters, ToSchemaPath,
     testing::Values(
-        Row{"OfTheRoot", "", "meta.schema"}, Row{"OfAMember", "a", "meta.schema.properties.a"},
-        Row{"OfMembers", "a.b", "meta.schema.properties.a.properties.b"},
-        Row{"OfAnItem", "list[3].x", "meta.schema.properties.list.items.properties.x"},
-        Row{"OfAnyItem", "list[*]", "meta.schema.properties.list.items"},
-        Row{"OfAnItemOfTheRoot", "[0]", "meta.schema.items"},
-        Row{"OfItemsInARow", "[0][*][18446744073709551614]", "meta.schema.items.items.items"},
-        Row{"OfAMemberOfAnItemWithoutADot", "[1]a", "meta.schema.items.properties.a"},
-        Row{"OfALeadingDot", ".a", "meta.schema.properties.a"},
-        Row{"OfAnEscapedDot", "x\\.y", "meta.schema.properties.x\\.y"},
-        Row{"OfEachEscape", "\\.\\[\\]\\*\\\\", "meta.schema.properties.\\.\\[\\]\\*\\\\"},
-        Row{"OfAStarAsItIs", "a*", "meta.schema.properties.a\\*"},
-        Row{"OfNeedlessEscapes", "\\a\\ ", "meta.schema.properties.a "},
-        Row{"OfTheWordsOfASchema", "meta.schema.items.properties",
+        Conversion{"OfTheRoot", "", "meta.schema"},
+        Conversion{"OfAMember", "a", "meta.schema.properties.a"},
+        Conversion{"OfMembers", "a.b", "meta.schema.properties.a.properties.b"},
+        Conversion{"OfAnItem", "list[3].x", "meta.schema.properties.list.items.properties.x"},
+        Conversion{"OfAnyItem", "list[*]", "meta.schema.properties.list.items"},
+        Conversion{"OfAnItemOfTheRoot", "[0]", "meta.schema.items"},
+        Conversion{"OfItemsInARow", "[0][*][18446744073709551614]",
+                   "meta.schema.items.items.items"},
+        Conversion{"OfAMemberOfAnItemWithoutADot", "[1]a", "meta.schema.items.properties.a"},
+        Conversion{"OfALeadingDot", ".a", "meta.schema.properties.a"},
+        Conversion{"OfAnEscapedDot", "x\\.y", "meta.schema.properties.x\\.y"},
+        Conversion{"OfEachEscape", "\\.\\[\\]\\*\\\\", "meta.schema.properties.\\.\\[\\]\\*\\\\"},
+        Conversion{"OfAStarAsItIs", "a*", "meta.schema.properties.a\\*"},
+        Conversion{"OfNeedlessEscapes", "\\a\\ ", "meta.schema.properties.a "},
+        Conversion{
+            "OfTheWordsOfASchema", "meta.schema.items.properties",
             "meta.schema.properties.meta.properties.schema.properties.items.properties.properties"},
         // what was written before an exception stays
-        Row{"UpToASecondDot", "a..b", "meta.schema.properties.a",
+        Conversion{
+            "UpToASecondDot", "a..b", "meta.schema.properties.a",
             "Parse error at 1,1-1,2Unexpected character '.' in path at \"\" 1,2 parser state "
             "esObjectInit"},
-        Row{"UpToALetterInAnIndex", "[1][x]", "meta.schema.items",
+        Conversion{
+            "UpToALetterInAnIndex", "[1][x]", "meta.schema.items",
             "Parse error at 1,3-1,4Unexpected character 'x' in path at \"\" 3,4 parser state "
             "esArrayInit"},
-        Row{"UpToAnEarlyEnd", "a[", "meta.schema.properties.a",
+        Conversion{
+            "UpToAnEarlyEnd", "a[", "meta.schema.properties.a",
             "Parse error at 1,1-1,2Unexpexced EOF in path at \"\" 1,2 parser state esArrayInit"},
-        Row{"UpToAKeyWithABracket", "a]", "meta.schema",
+        Conversion{
+            "UpToAKeyWithABracket", "a]", "meta.schema",
             "Parse error at 1,0-1,1Unexpected character ']' in path at \"a\" 0,1 parser state "
             "esObject"}),
-    rowName);
+    k_rowName);
 
-class FromSchemaPath : public testing::TestWithParam<Row> {};
+class FromSchemaPath : public testing::TestWithParam<Conversion> {};
 
 TEST_P(FromSchemaPath, IsWrittenByTheConverter) {
     EXPECT_EQ(converted<FromSchemaPathConverter>(GetParam().path),
@@ -136,63 +142,68 @@ TEST_P(FromSchemaPath, IsReturnedByThePath) {
 INSTANTIATE_TEST_SUITE_P(
     SchemaPathConverters, FromSchemaPath,
     testing::Values(
-        Row{"OfTheSchema", "meta.schema", ""}, Row{"OfAMember", "meta.schema.properties.a", "a"},
-        Row{"OfMembers", "meta.schema.properties.a.properties.b", "a.b"},
-        Row{"OfItems", "meta.schema.items", "[*]"},
-        Row{"OfItemsInARow", "meta.schema.items.items", "[*][*]"},
-        Row{"OfAMemberOfItems", "meta.schema.properties.list.items.properties.x", "list[*].x"},
-        Row{"OfAMemberOfItemsFirst", "meta.schema.items.properties.x", "[*].x"},
-        Row{"OfALeadingDot", ".meta.schema.items", "[*]"},
-        Row{"OfAnEscapedDot", "meta.schema.properties.x\\.y", "x\\.y"},
-        Row{"OfEachEscape", "meta.schema.properties.\\.\\[\\]\\*\\\\", "\\.\\[\\]\\*\\\\"},
-        Row{"OfAStarAsItIs", "meta.schema.properties.*", "\\*"},
-        Row{"OfNeedlessEscapes", "\\meta.schem\\a.properties.\\a", "a"},
+        Conversion{"OfTheSchema", "meta.schema", ""},
+        Conversion{"OfAMember", "meta.schema.properties.a", "a"},
+        Conversion{"OfMembers", "meta.schema.properties.a.properties.b", "a.b"},
+        Conversion{"OfItems", "meta.schema.items", "[*]"},
+        Conversion{"OfItemsInARow", "meta.schema.items.items", "[*][*]"},
+        Conversion{"OfAMemberOfItems", "meta.schema.properties.list.items.properties.x",
+                   "list[*].x"},
+        Conversion{"OfAMemberOfItemsFirst", "meta.schema.items.properties.x", "[*].x"},
+        Conversion{"OfALeadingDot", ".meta.schema.items", "[*]"},
+        Conversion{"OfAnEscapedDot", "meta.schema.properties.x\\.y", "x\\.y"},
+        Conversion{"OfEachEscape", "meta.schema.properties.\\.\\[\\]\\*\\\\", "\\.\\[\\]\\*\\\\"},
+        Conversion{"OfAStarAsItIs", "meta.schema.properties.*", "\\*"},
+        Conversion{"OfNeedlessEscapes", "\\meta.schem\\a.properties.\\a", "a"},
         // after "properties" any key is a member's
-        Row{"OfAMemberNamedProperties", "meta.schema.properties.properties", "properties"},
-        Row{"OfAMemberNamedItems", "meta.schema.properties.items.items", "items[*]"},
-        Row{"OfAMemberNamedMeta", "meta.schema.properties.meta.properties.schema", "meta.schema"},
+        Conversion{"OfAMemberNamedProperties", "meta.schema.properties.properties", "properties"},
+        Conversion{"OfAMemberNamedItems", "meta.schema.properties.items.items", "items[*]"},
+        Conversion{"OfAMemberNamedMeta", "meta.schema.properties.meta.properties.schema",
+                   "meta.schema"},
         // a path that ends early is as good as its beginning
-        Row{"OfNothing", "", ""}, Row{"OfMetaAlone", "meta", ""},
-        Row{"WithoutAMemberFirst", "meta.schema.properties", ""},
-        Row{"WithoutAMemberLast", "meta.schema.properties.a.items.properties", "a[*]"}),
-    rowName);
+        Conversion{"OfNothing", "", ""}, Conversion{"OfMetaAlone", "meta", ""},
+        Conversion{"WithoutAMemberFirst", "meta.schema.properties", ""},
+        Conversion{"WithoutAMemberLast", "meta.schema.properties.a.items.properties", "a[*]"}),
+    k_rowName);
 
 // Callers match on these texts.
 INSTANTIATE_TEST_SUITE_P(
     SchemaPathConvertersRefuse, FromSchemaPath,
     testing::Values(
-        Row{"AnotherFirstKey", "other", "", k_begin},
-        Row{"SchemaFirst", "schema.meta", "", k_begin},
-        Row{"PropertiesFirst", "properties.a", "", k_begin},
-        Row{"MetaInAnotherCase", "Meta.schema", "", k_begin},
-        Row{"MetaWithMore", "meta .schema", "", k_begin},
-        Row{"AnotherSecondKey", "meta.other", "", k_begin},
-        Row{"MetaTwice", "meta.meta", "", k_begin},
-        Row{"SchemaInAnotherCase", "meta.SCHEMA", "", k_begin},
-        Row{"ItemsSecond", "meta.items", "", k_begin},
-        Row{"AnotherKeyAfterTheSchema", "meta.schema.x", "", k_expected},
-        Row{"PropertiesInAnotherCase", "meta.schema.Properties.a", "", k_expected},
-        Row{"ItemsInAnotherCase", "meta.schema.ITEMS", "", k_expected},
-        Row{"SchemaTwice", "meta.schema.schema", "", k_expected},
-        Row{"AnotherKeyAfterAMember", "meta.schema.properties.a.b", "a", k_expected},
-        Row{"AnotherKeyAfterItems", "meta.schema.items.x", "[*]", k_expected},
-        Row{"TheDefault", "meta.schema.properties.a.default", "a", k_expected},
-        Row{"AnIndexFirst", "[0]", "", k_arrays}, Row{"AnyItemFirst", "[*].meta", "", k_arrays},
-        Row{"AnIndexAfterMeta", "meta[0]", "", k_arrays},
-        Row{"AnIndexAfterTheSchema", "meta.schema[0]", "", k_arrays},
-        Row{"AnIndexAfterProperties", "meta.schema.properties[0]", "", k_arrays},
-        Row{"AnIndexAfterAMember", "meta.schema.properties.a[0]", "a", k_arrays},
-        Row{"AnyItemAfterItems", "meta.schema.items[*]", "[*]", k_arrays},
-        Row{"ASecondDot", "meta.schema.items..a", "[*]",
+        Conversion{"AnotherFirstKey", "other", "", k_begin},
+        Conversion{"SchemaFirst", "schema.meta", "", k_begin},
+        Conversion{"PropertiesFirst", "properties.a", "", k_begin},
+        Conversion{"MetaInAnotherCase", "Meta.schema", "", k_begin},
+        Conversion{"MetaWithMore", "meta .schema", "", k_begin},
+        Conversion{"AnotherSecondKey", "meta.other", "", k_begin},
+        Conversion{"MetaTwice", "meta.meta", "", k_begin},
+        Conversion{"SchemaInAnotherCase", "meta.SCHEMA", "", k_begin},
+        Conversion{"ItemsSecond", "meta.items", "", k_begin},
+        Conversion{"AnotherKeyAfterTheSchema", "meta.schema.x", "", k_expected},
+        Conversion{"PropertiesInAnotherCase", "meta.schema.Properties.a", "", k_expected},
+        Conversion{"ItemsInAnotherCase", "meta.schema.ITEMS", "", k_expected},
+        Conversion{"SchemaTwice", "meta.schema.schema", "", k_expected},
+        Conversion{"AnotherKeyAfterAMember", "meta.schema.properties.a.b", "a", k_expected},
+        Conversion{"AnotherKeyAfterItems", "meta.schema.items.x", "[*]", k_expected},
+        Conversion{"TheDefault", "meta.schema.properties.a.default", "a", k_expected},
+        Conversion{"AnIndexFirst", "[0]", "", k_arrays},
+        Conversion{"AnyItemFirst", "[*].meta", "", k_arrays},
+        Conversion{"AnIndexAfterMeta", "meta[0]", "", k_arrays},
+        Conversion{"AnIndexAfterTheSchema", "meta.schema[0]", "", k_arrays},
+        Conversion{"AnIndexAfterProperties", "meta.schema.properties[0]", "", k_arrays},
+        Conversion{"AnIndexAfterAMember", "meta.schema.properties.a[0]", "a", k_arrays},
+        Conversion{"AnyItemAfterItems", "meta.schema.items[*]", "[*]", k_arrays},
+        Conversion{
+            "ASecondDot", "meta.schema.items..a", "[*]",
             "Parse error at 1,17-1,18Unexpected character '.' in path at \"\" 17,18 parser state "
             "esObjectInit"},
-        Row{"AnEarlyEnd", "meta.schema.properties.a.", "a",
-            "Parse error at 1,24-1,25Unexpexced EOF in path at \"\" 24,25 parser state "
-            "esObjectInit"},
+        Conversion{"AnEarlyEnd", "meta.schema.properties.a.", "a",
+                   "Parse error at 1,24-1,25Unexpexced EOF in path at \"\" 24,25 parser state "
+                   "esObjectInit"},
         // the first fault in the text is the one that is told
-        Row{"AnotherKeyBeforeASecondDot", "other..", "", k_begin},
-        Row{"AnIndexBeforeALetter", "meta[0][x]", "", k_arrays}),
-    rowName);
+        Conversion{"AnotherKeyBeforeASecondDot", "other..", "", k_begin},
+        Conversion{"AnIndexBeforeALetter", "meta[0][x]", "", k_arrays}),
+    k_rowName);
 
 TEST(FromSchemaPathErrors, HaveNoPlaceNoElementAndNoCause) {
     for (const char* const path : {"other", "meta.other", "meta.schema.x", "meta.schema[0]"}) {
@@ -318,7 +329,7 @@ INSTANTIATE_TEST_SUITE_P(
              "meta.schema.properties.meta.properties.schema.properties.properties.properties.items."
              "items"},
         Pair{"OtherSigns", "a b\"/\xc3\xa4", "meta.schema.properties.a b\"/\xc3\xa4"}),
-    rowName);
+    k_rowName);
 
 // An index becomes "*" on the way back: one schema node describes all items.
 TEST(SchemaPathPair, LosesItsIndexes) {

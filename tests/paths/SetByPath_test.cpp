@@ -14,6 +14,7 @@
 #include "support/dump.h"
 #include "support/inPlace.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -25,14 +26,14 @@ using Owner = std::unique_ptr<Element>;
 const char* const k_tree = R"({"a": {"b": 1}, "list": ["x", [2]]})";
 
 /// A path in that tree, and what the tree is when a null was put there.
-struct Case {
+struct Placement {
     const char* name;
     const char* path;
     const char* after;
     const char* pathAfter;  // of the null
 };
 
-class SetByPath : public testing::TestWithParam<Case> {};
+class SetByPath : public testing::TestWithParam<Placement> {};
 
 TEST_P(SetByPath, PutsACopyThere) {
     const Owner root = parsed(k_tree);
@@ -54,63 +55,62 @@ TEST_P(SetByPath, PutsWhatIsHandedOverThere) {
     EXPECT_EQ(element->path(nullptr), GetParam().pathAfter);
 }
 
-const auto k_name = [](const auto& row) { return std::string(row.param.name); };
-
 INSTANTIATE_TEST_SUITE_P(
     WhatIsThere, SetByPath,
     testing::Values(
-        Case{"Member", "list", R"({"a": {"b": 1}, "list": null})", "list"},
-        Case{"MemberOfAMember", "a.b", R"({"a": {"b": null}, "list": ["x", [2]]})", "a.b"},
-        Case{"FilledMember", ".a", R"({"a": null, "list": ["x", [2]]})", "a"},
-        Case{"FirstItem", "list[0]", R"({"a": {"b": 1}, "list": [null, [2]]})", "list[0]"},
-        Case{"LastItem", "list[1]", R"({"a": {"b": 1}, "list": ["x", null]})", "list[1]"},
-        Case{"ItemOfAnItem", "list[1][0]", R"({"a": {"b": 1}, "list": ["x", [null]]})",
-             "list[1][0]"}),
-    k_name);
+        Placement{"Member", "list", R"({"a": {"b": 1}, "list": null})", "list"},
+        Placement{"MemberOfAMember", "a.b", R"({"a": {"b": null}, "list": ["x", [2]]})", "a.b"},
+        Placement{"FilledMember", ".a", R"({"a": null, "list": ["x", [2]]})", "a"},
+        Placement{"FirstItem", "list[0]", R"({"a": {"b": 1}, "list": [null, [2]]})", "list[0]"},
+        Placement{"LastItem", "list[1]", R"({"a": {"b": 1}, "list": ["x", null]})", "list[1]"},
+        Placement{"ItemOfAnItem", "list[1][0]", R"({"a": {"b": 1}, "list": ["x", [null]]})",
+                  "list[1][0]"}),
+    k_rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     WhatIsMissing, SetByPath,
     testing::Values(
-        Case{"Member", "new", R"({"a": {"b": 1}, "list": ["x", [2]], "new": null})", "new"},
-        Case{"MemberOfAMember", "a.c", R"({"a": {"b": 1, "c": null}, "list": ["x", [2]]})", "a.c"},
-        Case{"KeyWithADot", "a.b\\.c", R"({"a": {"b": 1, "b.c": null}, "list": ["x", [2]]})",
-             "a.b\\.c"},
-        Case{"NextItem", "list[2]", R"({"a": {"b": 1}, "list": ["x", [2], null]})", "list[2]"},
-        Case{"AnyItem", "list[*]", R"({"a": {"b": 1}, "list": ["x", [2], null]})", "list[2]"},
-        Case{"AnyItemOfAnItem", "list[1][*]", R"({"a": {"b": 1}, "list": ["x", [2, null]]})",
-             "list[1][1]"}),
-    k_name);
+        Placement{"Member", "new", R"({"a": {"b": 1}, "list": ["x", [2]], "new": null})", "new"},
+        Placement{"MemberOfAMember", "a.c", R"({"a": {"b": 1, "c": null}, "list": ["x", [2]]})",
+                  "a.c"},
+        Placement{"KeyWithADot", "a.b\\.c", R"({"a": {"b": 1, "b.c": null}, "list": ["x", [2]]})",
+                  "a.b\\.c"},
+        Placement{"NextItem", "list[2]", R"({"a": {"b": 1}, "list": ["x", [2], null]})", "list[2]"},
+        Placement{"AnyItem", "list[*]", R"({"a": {"b": 1}, "list": ["x", [2], null]})", "list[2]"},
+        Placement{"AnyItemOfAnItem", "list[1][*]", R"({"a": {"b": 1}, "list": ["x", [2, null]]})",
+                  "list[1][1]"}),
+    k_rowName);
 
 // What is made on the way is of the kind that the next segment needs.
 INSTANTIATE_TEST_SUITE_P(
     WhatIsMissingOnTheWay, SetByPath,
     testing::Values(
-        Case{"Objects", "new.x.y",
-             R"({"a": {"b": 1}, "list": ["x", [2]], "new": {"x": {"y": null}}})", "new.x.y"},
-        Case{"AnArray", "new[0]", R"({"a": {"b": 1}, "list": ["x", [2]], "new": [null]})",
-             "new[0]"},
-        Case{"AnArrayOfAnyItem", "a.c[*]", R"({"a": {"b": 1, "c": [null]}, "list": ["x", [2]]})",
-             "a.c[0]"},
-        Case{"Arrays", "new[*][0][*]", R"({"a": {"b": 1}, "list": ["x", [2]], "new": [[[null]]]})",
-             "new[0][0][0]"},
-        Case{"ObjectInAnAppendedItem", "list[*].name",
-             R"({"a": {"b": 1}, "list": ["x", [2], {"name": null}]})", "list[2].name"},
-        Case{"ObjectInTheNextItem", "list[2].x.y",
-             R"({"a": {"b": 1}, "list": ["x", [2], {"x": {"y": null}}]})", "list[2].x.y"},
-        Case{"InTurn", "new[0].x[*]y",
-             R"({"a": {"b": 1}, "list": ["x", [2]], "new": [{"x": [{"y": null}]}]})",
-             "new[0].x[0].y"}),
-    k_name);
+        Placement{"Objects", "new.x.y",
+                  R"({"a": {"b": 1}, "list": ["x", [2]], "new": {"x": {"y": null}}})", "new.x.y"},
+        Placement{"AnArray", "new[0]", R"({"a": {"b": 1}, "list": ["x", [2]], "new": [null]})",
+                  "new[0]"},
+        Placement{"AnArrayOfAnyItem", "a.c[*]",
+                  R"({"a": {"b": 1, "c": [null]}, "list": ["x", [2]]})", "a.c[0]"},
+        Placement{"Arrays", "new[*][0][*]",
+                  R"({"a": {"b": 1}, "list": ["x", [2]], "new": [[[null]]]})", "new[0][0][0]"},
+        Placement{"ObjectInAnAppendedItem", "list[*].name",
+                  R"({"a": {"b": 1}, "list": ["x", [2], {"name": null}]})", "list[2].name"},
+        Placement{"ObjectInTheNextItem", "list[2].x.y",
+                  R"({"a": {"b": 1}, "list": ["x", [2], {"x": {"y": null}}]})", "list[2].x.y"},
+        Placement{"InTurn", "new[0].x[*]y",
+                  R"({"a": {"b": 1}, "list": ["x", [2]], "new": [{"x": [{"y": null}]}]})",
+                  "new[0].x[0].y"}),
+    k_rowName);
 
 /// A path whose segment `key` can be neither found nor created in the element at `lacking`.
-struct Refusal {
+struct SetRefusal {
     const char* name;
     const char* path;
     const char* key;
     const char* lacking;
 };
 
-class SetByPathRefusal : public testing::TestWithParam<Refusal> {};
+class SetByPathRefusal : public testing::TestWithParam<SetRefusal> {};
 
 TEST_P(SetByPathRefusal, ChangesNothing) {
     const Owner root = parsed(k_tree);
@@ -126,21 +126,21 @@ TEST_P(SetByPathRefusal, ChangesNothing) {
 
 INSTANTIATE_TEST_SUITE_P(
     Element, SetByPathRefusal,
-    testing::Values(Refusal{"KeyInAnArray", "list.x", "x", "list"},
-                    Refusal{"KeyInAnArrayOnTheWay", "list.x.y", "x", "list"},
-                    Refusal{"IndexPastTheSize", "list[3]", "[3]", "list"},
-                    Refusal{"IndexPastTheSizeOnTheWay", "list[3].x", "[3]", "list"},
-                    Refusal{"IndexInAnObject", "a[0]", "[0]", "a"},
-                    Refusal{"IndexInAnObjectOnTheWay", "[0].b", "[0]", ""},
-                    Refusal{"AnyIndexInAnObject", "a[*]", "[18446744073709551615]", "a"},
-                    Refusal{"KeyInAScalar", "a.b.c", "c", "a.b"},
-                    Refusal{"IndexInAScalar", "list[0][0]", "[0]", "list[0]"},
-                    Refusal{"AnyIndexInAScalarOnTheWay", "list[0][*].x", "[18446744073709551615]",
-                            "list[0]"},
-                    Refusal{"IndexPastTheSizeOfANewArray", "new[1]", "[1]", ""},
-                    Refusal{"IndexPastTheSizeDeepInWhatIsNew", "a.c.d[*][3].e", "[3]", "a"},
-                    Refusal{"IndexPastTheSizeInAnAppendedItem", "list[*][1]", "[1]", "list"}),
-    k_name);
+    testing::Values(SetRefusal{"KeyInAnArray", "list.x", "x", "list"},
+                    SetRefusal{"KeyInAnArrayOnTheWay", "list.x.y", "x", "list"},
+                    SetRefusal{"IndexPastTheSize", "list[3]", "[3]", "list"},
+                    SetRefusal{"IndexPastTheSizeOnTheWay", "list[3].x", "[3]", "list"},
+                    SetRefusal{"IndexInAnObject", "a[0]", "[0]", "a"},
+                    SetRefusal{"IndexInAnObjectOnTheWay", "[0].b", "[0]", ""},
+                    SetRefusal{"AnyIndexInAnObject", "a[*]", "[18446744073709551615]", "a"},
+                    SetRefusal{"KeyInAScalar", "a.b.c", "c", "a.b"},
+                    SetRefusal{"IndexInAScalar", "list[0][0]", "[0]", "list[0]"},
+                    SetRefusal{"AnyIndexInAScalarOnTheWay", "list[0][*].x",
+                               "[18446744073709551615]", "list[0]"},
+                    SetRefusal{"IndexPastTheSizeOfANewArray", "new[1]", "[1]", ""},
+                    SetRefusal{"IndexPastTheSizeDeepInWhatIsNew", "a.c.d[*][3].e", "[3]", "a"},
+                    SetRefusal{"IndexPastTheSizeInAnAppendedItem", "list[*][1]", "[1]", "list"}),
+    k_rowName);
 
 TEST(SetByPathSyntax, IsCheckedBeforeAnythingIsChanged) {
     const Owner root = parsed(k_tree);

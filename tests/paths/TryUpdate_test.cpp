@@ -12,6 +12,7 @@
 #include "support/NumberOf.h"
 #include "support/dump.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -19,22 +20,20 @@ using namespace zo::Tessera;
 namespace {
 
 /// Either way to name the source.
-struct Form {
+struct UpdateForm {
     const char* name;
     Element& (*update)(Element& target, const Path& path, const std::unique_ptr<Element>& source);
 };
 
-const auto k_forms = testing::Values(
-    Form{"Reference",
-         [](Element& target, const Path& path, const std::unique_ptr<Element>& source) -> Element& {
-             return target.tryUpdate(path, std::as_const(*source));
-         }},
-    Form{"Owner",
-         [](Element& target, const Path& path, const std::unique_ptr<Element>& source) -> Element& {
-             return target.tryUpdate(path, source);
-         }});
+const auto k_updateForms = testing::Values(
+    UpdateForm{"Reference",
+               [](Element& target, const Path& path, const std::unique_ptr<Element>& source)
+                   -> Element& { return target.tryUpdate(path, std::as_const(*source)); }},
+    UpdateForm{"Owner",
+               [](Element& target, const Path& path, const std::unique_ptr<Element>& source)
+                   -> Element& { return target.tryUpdate(path, source); }});
 
-class TryUpdate : public testing::TestWithParam<Form> {
+class TryUpdate : public testing::TestWithParam<UpdateForm> {
 protected:
     Element& update(const Path& path, const std::unique_ptr<Element>& source) {
         return GetParam().update(*root, path, source);
@@ -43,8 +42,7 @@ protected:
     std::unique_ptr<Element> root;
 };
 
-INSTANTIATE_TEST_SUITE_P(Element, TryUpdate, k_forms,
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Element, TryUpdate, k_updateForms, k_rowName);
 
 TEST_P(TryUpdate, SetsTheValueOfWhatExistsAndKeepsItsPlace) {
     root = parsed(R"({"a": [false, 1, "old", {"x": 1}, [2, 3]]})");
@@ -154,19 +152,19 @@ TEST_P(TryUpdate, OfAnotherKindThrowsTheTargetsMismatchAndChangesNothing) {
     EXPECT_EQ(dump(*root), before);
 }
 
-struct Refusal {
+struct UpdateRefusal {
     const char* name;
     const char* path;
     const char* parent;
     const char* after;
 };
 
-class TryUpdateRefusal : public testing::TestWithParam<std::tuple<Form, Refusal>> {};
+class TryUpdateRefusal : public testing::TestWithParam<std::tuple<UpdateForm, UpdateRefusal>> {};
 
 // What was created on the way stays.
 TEST_P(TryUpdateRefusal, NamesTheElementItIsAskedOfAndThePath) {
-    const Form& form = std::get<0>(GetParam());
-    const Refusal& row = std::get<1>(GetParam());
+    const UpdateForm& form = std::get<0>(GetParam());
+    const UpdateRefusal& row = std::get<1>(GetParam());
     const auto root = parsed(R"({"list": [1]})");
     Element& asked = *row.parent ? root->get(row.parent) : *root;
     std::string elementPath = "none";
@@ -189,18 +187,19 @@ TEST_P(TryUpdateRefusal, NamesTheElementItIsAskedOfAndThePath) {
 
 INSTANTIATE_TEST_SUITE_P(
     Element, TryUpdateRefusal,
-    testing::Combine(k_forms,
-                     testing::Values(Refusal{"ArraysAreNotPadded", "list[1]", "", ""},
-                                     Refusal{"AskedOfTheArrayItself", "[1]", "list", ""},
-                                     Refusal{"MemberOfAnArray", "list.x", "", ""},
-                                     Refusal{"MemberOfAScalar", "list[0].x", "", ""},
-                                     Refusal{"AskedOfAScalar", "x", "list[0]", ""},
+    testing::Combine(k_updateForms,
+                     testing::Values(UpdateRefusal{"ArraysAreNotPadded", "list[1]", "", ""},
+                                     UpdateRefusal{"AskedOfTheArrayItself", "[1]", "list", ""},
+                                     UpdateRefusal{"MemberOfAnArray", "list.x", "", ""},
+                                     UpdateRefusal{"MemberOfAScalar", "list[0].x", "", ""},
+                                     UpdateRefusal{"AskedOfAScalar", "x", "list[0]", ""},
                                      // What is created has the kind of what lacked it, not that
                                      // which the rest needs.
-                                     Refusal{"ItemOfAMissingMember", "a[*]", "",
-                                             "  etObject key=\"a\" index=- parent=right\n"},
-                                     Refusal{"MemberOfAnAppendedItem", "list[*].b", "",
-                                             "    etArray key=\"[1]\" index=1 parent=right\n"})),
+                                     UpdateRefusal{"ItemOfAMissingMember", "a[*]", "",
+                                                   "  etObject key=\"a\" index=- parent=right\n"},
+                                     UpdateRefusal{
+                                         "MemberOfAnAppendedItem", "list[*].b", "",
+                                         "    etArray key=\"[1]\" index=1 parent=right\n"})),
     [](const auto& row) {
         return std::string(std::get<0>(row.param).name) + std::get<1>(row.param).name;
     });

@@ -24,8 +24,6 @@ using namespace zo::Tessera;
 
 namespace {
 
-constexpr size_t k_rounds = 20;
-
 std::set<std::string> only(const std::string& result) {
     return {result};
 }

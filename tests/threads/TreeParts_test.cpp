@@ -21,7 +21,6 @@ namespace {
 
 using Owner = std::unique_ptr<Element>;
 
-constexpr int k_rounds = 20;
 constexpr std::size_t k_items = 600;
 
 std::string text() {
@@ -68,7 +67,7 @@ void atOnce(const First& first, const Second& second, const Third& third) {
 }  // namespace
 
 TEST(PartsOfATree, AreDestroyedInThreeThreadsAtOnce) {
-    for (int round = 0; round < k_rounds; ++round) {
+    for (std::size_t round = 0; round < k_rounds; ++round) {
         Owner tree = parsed(text());
         std::vector<Owner> second = takenFrom(*tree, 0);
         std::vector<Owner> third = takenFrom(*tree, 0);
@@ -81,7 +80,7 @@ TEST(PartsOfATree, AreDestroyedInThreeThreadsAtOnce) {
 }
 
 TEST(PartsOfATree, AreDestroyedWhileTheParserEnds) {
-    for (int round = 0; round < k_rounds; ++round) {
+    for (std::size_t round = 0; round < k_rounds; ++round) {
         auto parser = std::make_unique<DomParser>();
         Dom document;
         parser->parse(document, text());
@@ -96,7 +95,7 @@ TEST(PartsOfATree, AreDestroyedWhileTheParserEnds) {
 
 TEST(PartsOfATree, OfACopyAreDestroyedInThreeThreadsAtOnce) {
     const Owner source = parsed(text());
-    for (int round = 0; round < k_rounds; ++round) {
+    for (std::size_t round = 0; round < k_rounds; ++round) {
         Owner tree(source->clone());
         std::vector<Owner> second = takenFrom(*tree, 0);
         std::vector<Owner> third = takenFrom(*tree, 1);
@@ -109,7 +108,7 @@ TEST(PartsOfATree, OfACopyAreDestroyedInThreeThreadsAtOnce) {
 }
 
 TEST(PartsOfATree, AreEditedInThreeThreadsAtOnce) {
-    for (int round = 0; round < k_rounds; ++round) {
+    for (std::size_t round = 0; round < k_rounds; ++round) {
         Owner tree = parsed(text());
         std::vector<Owner> parts = takenFrom(*tree, 0);
         const auto edit = [](Element& element) {

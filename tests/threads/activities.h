@@ -1,10 +1,14 @@
 #ifndef ZO_TESSERA_TESTS_THREADS_ACTIVITIES_H
 #define ZO_TESSERA_TESTS_THREADS_ACTIVITIES_H
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
 #include <zo/Tessera/Element.h>
+
+/// How often threads do the same: not every round would show a fault.
+constexpr std::size_t k_rounds = 20;
 
 /// Something that a thread does with objects of its own, and what comes of it.
 struct Activity {

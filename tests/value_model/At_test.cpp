@@ -12,6 +12,7 @@
 #include <zo/Tessera/TBasicElement.h>
 
 #include "KindMatrix.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -85,7 +86,7 @@ INSTANTIATE_TEST_SUITE_P(
                     MissingKey{"PrefixOfAnother", "yy", "Object does not contain \"yy\""},
                     MissingKey{"QuoteInside", "a\"b", "Object does not contain \"a\"b\""},
                     MissingKey{"PathCharacters", "a.[*]\\", "Object does not contain \"a.[*]\\\""}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 class AtOfAnotherKind : public testing::TestWithParam<KindRow> {};
 
@@ -107,8 +108,7 @@ TEST_P(AtOfAnotherKind, ThrowsTheMismatchOfTheGetter) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Element, AtOfAnotherKind, testing::ValuesIn(k_kindRows),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Element, AtOfAnotherKind, testing::ValuesIn(k_kindRows), k_rowName);
 
 #ifndef NDEBUG
 TEST(AtDeathTest, AssertsItsRequirementsInDebugBuilds) {

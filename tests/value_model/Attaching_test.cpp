@@ -15,6 +15,7 @@
 #include "KindMatrix.h"
 #include "support/NumberOf.h"
 #include "support/dump.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -144,8 +145,7 @@ TEST_P(AttachingConstructors, ReplaceAMemberInItsPlaceWithTheParentSetAndTheKeyE
                                 "  etNull key=\"z\" index=- parent=right\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(Elements, AttachingConstructors, testing::ValuesIn(k_makers),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Elements, AttachingConstructors, testing::ValuesIn(k_makers), k_rowName);
 
 TEST(AttachingConstructors, TakeAValueThatLivesInTheMemberTheyReplace) {
     Object parent;

@@ -13,6 +13,7 @@
 #include "BareElement.h"
 #include "support/NumberOf.h"
 #include "support/classicText.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -26,7 +27,7 @@ static_assert(!std::is_convertible_v<Element&, double>);
 static_assert(!std::is_convertible_v<Element&, float>);
 
 /// One plain type with the smallest number texts around its upper end, or around its lower one.
-struct Row {
+struct PlainType {
     const char* name;
     const char* accepted;
     const char* converted;
@@ -39,8 +40,8 @@ struct Row {
 };
 
 template <class T>
-Row makeRow(const char* name, const char* accepted, const char* converted, const char* refused,
-            const std::string& message) {
+PlainType plainType(const char* name, const char* accepted, const char* converted,
+                    const char* refused, const std::string& message) {
     return {
         name,
         accepted,
@@ -55,7 +56,7 @@ Row makeRow(const char* name, const char* accepted, const char* converted, const
         }};
 }
 
-class NumberConversions : public testing::TestWithParam<Row> {};
+class NumberConversions : public testing::TestWithParam<PlainType> {};
 
 TEST_P(NumberConversions, GiveTheValue) {
     const std::unique_ptr<Element> element = value(numberOf(GetParam().accepted));
@@ -84,34 +85,35 @@ TEST_P(NumberConversions, RefuseAnotherKind) {
 INSTANTIATE_TEST_SUITE_P(
     Element, NumberConversions,
     testing::Values(
-        makeRow<char>("Char", "127", "127", "128",
-                      "Value out of range! Value: 128 Min: \x80 Max: \x7F"),
-        makeRow<unsigned char>("UnsignedChar", "255", "255", "256",
-                               std::string("Value out of range! Value: 256 Min: \0 Max: \xFF", 44)),
-        makeRow<short>("Short", "-32768", "-32768", "-32769",
-                       "Value out of range! Value: -32769 Min: -32768 Max: 32767"),
-        makeRow<unsigned short>("UnsignedShort", "65535", "65535", "65536",
-                                "Value out of range! Value: 65536 Min: 0 Max: 65535"),
-        makeRow<int>("Int", "-2147483648", "-2147483648", "3000000000",
-                     "Value out of range! Value: 3000000000 Min: -2147483648 Max: 2147483647"),
-        makeRow<unsigned int>("UnsignedInt", "4294967295", "4294967295", "4294967296",
-                              "Value out of range! Value: 4294967296 Min: 0 Max: 4294967295"),
-        makeRow<long>("Long", "-1000000000000", "-1000000000000", "1e19",
-                      "Value out of range! Value: 1e19 Min: -9223372036854775808 "
-                      "Max: 9223372036854775807"),
-        makeRow<unsigned long>("UnsignedLong", "0", "0", "-1",
-                               "Value out of range! Value: -1 Min: 0 Max: 18446744073709551615"),
-        makeRow<long long>("LongLong", "1000000000000", "1000000000000", "-1e19",
-                           "Value out of range! Value: -1e19 Min: -9223372036854775808 "
-                           "Max: 9223372036854775807"),
-        makeRow<unsigned long long>(
+        plainType<char>("Char", "127", "127", "128",
+                        "Value out of range! Value: 128 Min: \x80 Max: \x7F"),
+        plainType<unsigned char>("UnsignedChar", "255", "255", "256",
+                                 std::string("Value out of range! Value: 256 Min: \0 Max: \xFF",
+                                             44)),
+        plainType<short>("Short", "-32768", "-32768", "-32769",
+                         "Value out of range! Value: -32769 Min: -32768 Max: 32767"),
+        plainType<unsigned short>("UnsignedShort", "65535", "65535", "65536",
+                                  "Value out of range! Value: 65536 Min: 0 Max: 65535"),
+        plainType<int>("Int", "-2147483648", "-2147483648", "3000000000",
+                       "Value out of range! Value: 3000000000 Min: -2147483648 Max: 2147483647"),
+        plainType<unsigned int>("UnsignedInt", "4294967295", "4294967295", "4294967296",
+                                "Value out of range! Value: 4294967296 Min: 0 Max: 4294967295"),
+        plainType<long>("Long", "-1000000000000", "-1000000000000", "1e19",
+                        "Value out of range! Value: 1e19 Min: -9223372036854775808 "
+                        "Max: 9223372036854775807"),
+        plainType<unsigned long>("UnsignedLong", "0", "0", "-1",
+                                 "Value out of range! Value: -1 Min: 0 Max: 18446744073709551615"),
+        plainType<long long>("LongLong", "1000000000000", "1000000000000", "-1e19",
+                             "Value out of range! Value: -1e19 Min: -9223372036854775808 "
+                             "Max: 9223372036854775807"),
+        plainType<unsigned long long>(
             "UnsignedLongLong", "1000000000000", "1000000000000", "-1",
             "Value out of range! Value: -1 Min: 0 Max: 18446744073709551615"),
-        makeRow<double>("Double", "2.5", "2.5", "-1",
-                        "Value out of range! Value: -1 Min: 2.22507e-308 Max: 1.79769e+308"),
-        makeRow<float>("Float", "2.5", "2.5", "-1",
-                       "Value out of range! Value: -1 Min: 1.17549e-38 Max: 3.40282e+38")),
-    [](const auto& row) { return std::string(row.param.name); });
+        plainType<double>("Double", "2.5", "2.5", "-1",
+                          "Value out of range! Value: -1 Min: 2.22507e-308 Max: 1.79769e+308"),
+        plainType<float>("Float", "2.5", "2.5", "-1",
+                         "Value out of range! Value: -1 Min: 1.17549e-38 Max: 3.40282e+38")),
+    k_rowName);
 
 TEST(Conversions, AreImplicit) {
     const std::unique_ptr<Element> number = value(5);

@@ -16,6 +16,7 @@
 
 #include "support/NumberOf.h"
 #include "support/dump.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -144,8 +145,7 @@ TEST_P(Copying, OutlivesItsSource) {
     EXPECT_EQ(dump(*clone), GetParam().text);
 }
 
-INSTANTIATE_TEST_SUITE_P(Elements, Copying, testing::ValuesIn(k_sources),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Elements, Copying, testing::ValuesIn(k_sources), k_rowName);
 
 TEST(Copying, IsIndependentOfItsSource) {
     TBasicElement<std::string> source("before");

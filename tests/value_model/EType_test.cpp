@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/rowName.h"
+
 using namespace zo::Tessera;
 
 namespace {
@@ -58,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(
                     NamedType{"MinusTwo", -2, ">>INVALID<<", L">>INVALID<<"},
                     NamedType{"Largest", 2147483647, ">>INVALID<<", L">>INVALID<<"},
                     NamedType{"Smallest", -2147483647 - 1, ">>INVALID<<", L">>INVALID<<"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(ETypeNames, HonourAWidthOfTheStream) {
     std::ostringstream out;
@@ -83,6 +85,6 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(KindName{etNull, "etNull"}, KindName{etBoolean, "etBoolean"},
                     KindName{etNumber, "etNumber"}, KindName{etString, "etString"},
                     KindName{etObject, "etObject"}, KindName{etArray, "etArray"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 }  // namespace

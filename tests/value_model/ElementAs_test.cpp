@@ -14,6 +14,7 @@
 #include "support/HostileLocale.h"
 #include "support/NumberOf.h"
 #include "support/parsed.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -71,8 +72,7 @@ TEST_P(ElementKinds, GiveANumberOnlyIfTheyAreOne) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(ElementAs, ElementKinds, testing::ValuesIn(k_kindRows),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(ElementAs, ElementKinds, testing::ValuesIn(k_kindRows), k_rowName);
 
 TEST(ElementAs, GivesTheScalarsOfADocument) {
     const std::unique_ptr<const Element> root =

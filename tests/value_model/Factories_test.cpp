@@ -13,6 +13,7 @@
 
 #include "support/NumberOf.h"
 #include "support/dump.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -62,7 +63,7 @@ INSTANTIATE_TEST_SUITE_P(
         FreeRow{"LiteralUpToItsTerminator", [] { return value("ab\0cd"); }, "etString \"ab\""},
         FreeRow{"Object", [] { return object(); }, "etObject"},
         FreeRow{"Array", [] { return array(); }, "etArray"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(FreeFactories, KeepAZeroInsideAString) {
     EXPECT_EQ(value(std::string("a\0b", 3))->getStringValue().value(), std::string("a\0b", 3));
@@ -197,7 +198,7 @@ INSTANTIATE_TEST_SUITE_P(
         createRow<5>("OfArray", "etArray"),
         // What is no kind makes a null.
         createRow<6>("OfSix", "etNull"), createRow<-5>("OfMinusFive", "etNull")),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(Create, MakesASignedZero) {
     const std::unique_ptr<const Element> element(Element::create(etNumber));

@@ -12,6 +12,7 @@
 
 #include "BareElement.h"
 #include "KindMatrix.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -74,8 +75,7 @@ TEST_P(GetterMatrix, NamesAnEmptyPathForARoot) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Elements, GetterMatrix, testing::ValuesIn(k_kindRows),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Elements, GetterMatrix, testing::ValuesIn(k_kindRows), k_rowName);
 
 TEST(Getters, BuildTheWholeText) {
     const std::unique_ptr<Element> text(Element::createString("x"));

@@ -10,19 +10,20 @@
 #include <zo/Tessera/Object.h>
 
 #include "support/dump.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
 
 namespace {
 
-struct Row {
+struct Unreadable {
     const char* name;
     EType kind;
     const char* message;
 };
 
-class ReadFrom : public testing::TestWithParam<Row> {};
+class ReadFrom : public testing::TestWithParam<Unreadable> {};
 
 TEST_P(ReadFrom, ThrowsAndLeavesElementAndStreamUntouched) {
     Object root;
@@ -54,15 +55,17 @@ TEST_P(ReadFrom, NamesNoElementInTheException) {
 INSTANTIATE_TEST_SUITE_P(
     Elements, ReadFrom,
     testing::Values(
-        Row{"Null", etNull, "Reading from srteam not (yet) supported for Tessera::Null."},
-        Row{"Boolean", etBoolean,
-            "Reading from srteam not (yet) supported for Tessera::TBasicElement."},
-        Row{"Number", etNumber,
-            "Reading from srteam not (yet) supported for Tessera::TBasicElement."},
-        Row{"String", etString,
-            "Reading from srteam not (yet) supported for Tessera::TBasicElement."},
-        Row{"Object", etObject, "Reading from srteam not (yet) supported for Tessera::Object."},
-        Row{"Array", etArray, "Reading from srteam not (yet) supported for Tessera::Array."}),
-    [](const auto& row) { return std::string(row.param.name); });
+        Unreadable{"Null", etNull, "Reading from srteam not (yet) supported for Tessera::Null."},
+        Unreadable{"Boolean", etBoolean,
+                   "Reading from srteam not (yet) supported for Tessera::TBasicElement."},
+        Unreadable{"Number", etNumber,
+                   "Reading from srteam not (yet) supported for Tessera::TBasicElement."},
+        Unreadable{"String", etString,
+                   "Reading from srteam not (yet) supported for Tessera::TBasicElement."},
+        Unreadable{"Object", etObject,
+                   "Reading from srteam not (yet) supported for Tessera::Object."},
+        Unreadable{"Array", etArray,
+                   "Reading from srteam not (yet) supported for Tessera::Array."}),
+    k_rowName);
 
 }  // namespace

@@ -14,13 +14,14 @@
 #include "KindMatrix.h"
 #include "support/NumberOf.h"
 #include "support/dump.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
 
 namespace {
 
-struct Source {
+struct NewValue {
     const char* name;
     EType kind;
     GetterIndex getter;
@@ -28,7 +29,7 @@ struct Source {
     const char* copy;
 };
 
-const Source k_sources[] = {
+const NewValue k_newValues[] = {
     {"Boolean", etBoolean, gtBoolean, [] { return Element::createBoolean(true); },
      "etBoolean true key=\"t\" index=- parent=right\n"},
     {"Number", etNumber, gtNumber, [] { return Element::createNumber(numberOf("1.50")); },
@@ -53,7 +54,7 @@ const Source k_sources[] = {
      "    etString \"i\" key=\"\" index=- parent=none\n"},
 };
 
-class RealAssign : public testing::TestWithParam<Source> {};
+class RealAssign : public testing::TestWithParam<NewValue> {};
 
 TEST_P(RealAssign, CopiesTheValueIntoAnElementOfItsKind) {
     Object root;
@@ -90,13 +91,12 @@ TEST_P(RealAssign, FromItselfChangesNothing) {
     EXPECT_EQ(dump(*element), before);
 }
 
-INSTANTIATE_TEST_SUITE_P(Element, RealAssign, testing::ValuesIn(k_sources),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Element, RealAssign, testing::ValuesIn(k_newValues), k_rowName);
 
 // A null has no value to copy, so it fits every target and changes none.
 TEST(RealAssign, OfANullChangesNothingInAnyKind) {
     const Null null;
-    for (const Source& source : k_sources) {
+    for (const NewValue& source : k_newValues) {
         SCOPED_TRACE(source.name);
         const std::unique_ptr<Element> target(source.make());
         const std::string before = dump(*target);
@@ -135,7 +135,7 @@ public:
 TEST(RealAssign, GoesThroughTheVirtualSetterOfTheSourcesKind) {
     const char* const expected[] = {"boolean", "number", "string", "object", "array"};
     for (size_t i = 0; i < 5; ++i) {
-        const std::unique_ptr<const Element> source(k_sources[i].make());
+        const std::unique_ptr<const Element> source(k_newValues[i].make());
         Noting target;
         target.realAssign(*source);
         EXPECT_EQ(target.noted, expected[i]);

@@ -14,6 +14,7 @@
 
 #include "support/HostileLocale.h"
 #include "support/NumberOf.h"
+#include "support/rowName.h"
 
 using namespace zo::Tessera;
 
@@ -108,7 +109,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "gr\xC3\xBC\xC3\x9F", L"gr\u00FC\u00DF"},
         // The bytes are kept as they are; only wide text needs to understand them.
         Written{"InvalidUtf8", [] { return Element::createString("a\xFF"); }, "a\xFF", L"a\uFFFD"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    k_rowName);
 
 TEST(WrittenScalars, DoNotDependOnTheLocale) {
     const Number integer(numberOf(-1234567));

@@ -13,6 +13,7 @@
 #include "KindMatrix.h"
 #include "support/NumberOf.h"
 #include "support/dump.h"
+#include "support/rowName.h"
 #include "support/thrown.h"
 
 using namespace zo::Tessera;
@@ -89,8 +90,7 @@ TEST_P(Setters, RefuseEveryOtherKindAsTheGetterDoes) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Element, Setters, testing::ValuesIn(k_setters),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Element, Setters, testing::ValuesIn(k_setters), k_rowName);
 
 TEST(Setters, TakeTheTargetItself) {
     TBasicElement<bool> boolean(true);
