@@ -257,6 +257,9 @@ public:
     Element& at(const std::string& key);
     /// The same without the check: the key must exist. For one that may not, use `Object::find`.
     const Element& at(const std::string& key) const;
+    /// Not there: `e["name"]` would take the element for a place in the text "name". Use `at`.
+    template <class T>
+    void operator[](const T&) const = delete;
     /// @}
 
     /// \name Reaching, testing and changing by path
