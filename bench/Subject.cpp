@@ -62,13 +62,13 @@ void addNumber(std::map<NumberKind, std::string>& texts, const BasicNumber& numb
         if (const auto value = number.tryAs<double>()) {
             add(NumberKind::doubles);
             if (*value >= DBL_MIN) {
-                add(NumberKind::describedDoubles);
+                add(NumberKind::derivedDoubles);
             }
         }
     } else if (text != "-0" && number.tryAs<long long>()) {  // some read "-0" as a double
         add(NumberKind::integers);
         if (text.size() < 19) {
-            add(NumberKind::describedIntegers);
+            add(NumberKind::derivedIntegers);
         }
     }
 }

@@ -16,10 +16,10 @@ class Element;
 
 /// Which numbers of a document. Integers have a text without ".", "e" or "E".
 enum class NumberKind {
-    integers,           // that a long long holds
-    doubles,            // the others that a double holds
-    describedIntegers,  // of the integers those that BasicNumber::toLongLong takes
-    describedDoubles    // of the doubles those that BasicNumber::toDouble takes
+    integers,         // that a long long holds
+    doubles,          // the others that a double holds
+    derivedIntegers,  // of the integers those that BasicNumber::toLongLong takes
+    derivedDoubles    // of the doubles those that BasicNumber::toDouble takes
 };
 
 /// What rows need to know about a document.

@@ -24,7 +24,7 @@
 //   lookup:{1,4,8}       up to 64 paths of so many segments, from their texts
 //   {integers,doubles}_{first,again}   every such number of the document, gathered in one array,
 //                        as a long long or a double, after it was read and once more
-//   ..._described        the same by the conversions that keep a binary form
+//   ..._derived          the same by the conversions that keep a binary form
 // `read` also tells the heap: what the tree holds and the most while it is read. Other groups:
 //   members:N/{find,missing}   members of an object by their keys, up to 1000 of them
 //   paths:KIND:N/{hit,last_missing,first_missing}:{1,4,8}   one path: see groups/pathDocuments.h

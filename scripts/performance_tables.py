@@ -30,14 +30,14 @@ _ROW_TITLES = {
     "integers_again": "read an integer, again",
     "doubles_first": "read a decimal as `double`, first time",
     "doubles_again": "read a decimal as `double`, again",
-    "integers_first_described": "an integer by conversion, first time",
-    "integers_again_described": "an integer by conversion, again",
-    "doubles_first_described": "a decimal by conversion, first time",
-    "doubles_again_described": "a decimal by conversion, again",
+    "integers_first_derived": "an integer by conversion, first time",
+    "integers_again_derived": "an integer by conversion, again",
+    "doubles_first_derived": "a decimal by conversion, first time",
+    "doubles_again_derived": "a decimal by conversion, again",
 }
 _FLOOR_ROWS = ("read", "read_destroy", "write")
 # Rows of this library alone stand beside what the others have for the same job.
-_OWN_WAYS = ("_whole", "_described")
+_OWN_WAYS = ("_whole", "_derived")
 _MEGABYTE = 1e6
 
 Table = list[list[str]]

@@ -166,8 +166,8 @@ struct TesseraWhole {
     static std::string writeCompact(const Dom& document) { return Tessera::writeCompact(document); }
 };
 
-/// Numbers as the described conversions give them, which derive and keep a binary form.
-long long sumDescribedIntegers(const Dom& document) {
+/// Numbers as the older conversions give them, which derive and keep a binary form.
+long long sumDerivedIntegers(const Dom& document) {
     long long sum = 0;
     for (const Element* const item : document.root()->getArrayValue()) {
         sum ^= static_cast<long long>(*item);
@@ -175,7 +175,7 @@ long long sumDescribedIntegers(const Dom& document) {
     return sum;
 }
 
-double sumDescribedDoubles(const Dom& document) {
+double sumDerivedDoubles(const Dom& document) {
     double sum = 0;
     for (const Element* const item : document.root()->getArrayValue()) {
         sum += static_cast<double>(*item);
@@ -192,10 +192,10 @@ Rows tesseraRows(const Subject& subject) {
     };
     add("read_whole", readRow<TesseraWhole>);
     add("round_trip_whole", roundTripRow<TesseraWhole>);
-    addNumberRows<Tessera>(rows, subject, NumberKind::describedIntegers, "integers", "_described",
-                           sumDescribedIntegers);
-    addNumberRows<Tessera>(rows, subject, NumberKind::describedDoubles, "doubles", "_described",
-                           sumDescribedDoubles);
+    addNumberRows<Tessera>(rows, subject, NumberKind::derivedIntegers, "integers", "_derived",
+                           sumDerivedIntegers);
+    addNumberRows<Tessera>(rows, subject, NumberKind::derivedDoubles, "doubles", "_derived",
+                           sumDerivedDoubles);
     return rows;
 }
 

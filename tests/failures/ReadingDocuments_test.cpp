@@ -3,6 +3,7 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <new>
@@ -43,7 +44,7 @@ public:
     const std::string& name() const { return m_name; }
 
 private:
-    std::string m_name = "/tmp/tessera-test-XXXXXX";
+    std::string m_name = std::filesystem::temp_directory_path() / "tessera-test-XXXXXX";
 };
 
 /// A way to read a text.

@@ -146,7 +146,7 @@ TEST(ExactConversion, KeepsTheTextThatADoubleOfItsValueWouldHave) {
     EXPECT_EQ(exactly<std::string>(numberOf(1e6)), R"("1e+06")");
 }
 
-// The described derivation turns such a number into the integer that it held before.
+// The older conversions turn such a number into the integer that it held before.
 TEST(ExactConversion, OfAnEmptyTextChangesWhenTheBinaryFormIsDerived) {
     BasicNumber number = numberOf(42);
     number.set("");

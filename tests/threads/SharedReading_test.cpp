@@ -35,8 +35,8 @@ std::string exactReadings(const BasicNumber& number) {
                        number.tryAs<std::string>().value_or("none"), ';');
 }
 
-/// What reads a number as described, and derives a form of it where that is missing.
-std::string describedReadings(const BasicNumber& number) {
+/// What reads a number and derives a form of it where that is missing.
+std::string derivingReadings(const BasicNumber& number) {
     std::ostringstream written;
     number.writeAt(written);
     return classicText(number.type(), ' ', number.toString(), ' ', written.str(), ' ',
@@ -75,7 +75,7 @@ std::string readNumbers(const Element& root) {
     for (const char* const path :
          {"list[0].n", "list[1].n", "list[2].n", "big", "binary", "lossy", "exact", "integer"}) {
         const BasicNumber& number = root.get(path);
-        text += std::string(path) + ": " + describedReadings(number) + exactReadings(number) + '\n';
+        text += std::string(path) + ": " + derivingReadings(number) + exactReadings(number) + '\n';
     }
     return text;
 }

@@ -138,7 +138,7 @@ TEST(ElementAs, LeavesTheElementAsItWas) {
     EXPECT_THROW(number.type(), Exception);  // as a text does whose binary form was never asked for
 }
 
-TEST(ElementAs, ReadsWhatTheDescribedConversionsRefuse) {
+TEST(ElementAs, ReadsWhatTheOlderConversionsRefuse) {
     const std::unique_ptr<const Element> zero = value(0);
     EXPECT_THROW(static_cast<void>(static_cast<double>(*zero)), Exception);
     EXPECT_THROW(static_cast<void>(static_cast<unsigned int>(*zero)), Exception);
