@@ -1,8 +1,8 @@
 # Fails unless each code block of PAGES stands, line for line, in a file below one of FOLDERS: what
 # is marked as cpp in a source, as cmake in a CMakeLists.txt, as text in what a program must print.
 # What stands further to the right there, as a whole and by blanks, is the same. What is marked as
-# sh, for commands, need not stand anywhere. Several pages, which may be patterns, and several
-# folders are separated by "|".
+# sh, for commands, need not stand anywhere; what is marked by four blanks alone are such commands.
+# Several pages, which may be patterns, and several folders are separated by "|".
 
 cmake_policy(VERSION 3.20)
 set(names_for_cpp "*.cpp")
@@ -52,6 +52,20 @@ function(check_block page language block)
     endif()
 endfunction()
 
+# TEXT stands between two code blocks.
+function(check_indented page text)
+    string(REGEX MATCHALL "\n\n(    [^\n]*\n)+" blocks "${text}")
+    foreach(block IN LISTS blocks)
+        string(REGEX REPLACE "^\n\n" "\n" block "${block}")
+        string(REGEX REPLACE "\n    (scripts|build|\.ci)/[^\n]*" "" rest "${block}")
+        string(REGEX REPLACE "\n    (cmake|ctest|export|g\\+\\+|perf|valgrind| +--)[^\n]*" "" rest
+            "${rest}")
+        if(NOT rest STREQUAL "\n")
+            refuse_block(${page} "${block}" "by four blanks, and not all commands")
+        endif()
+    endforeach()
+endfunction()
+
 function(check_page page)
     file(READ ${page} rest)
     string(PREPEND rest "\n")
@@ -60,6 +74,8 @@ function(check_page page)
     endif()
     while(rest MATCHES "\n```")
         string(FIND "${rest}" "\n```" begin)
+        string(SUBSTRING "${rest}" 0 ${begin} text)
+        check_indented(${page} "${text}\n")
         math(EXPR begin "${begin} + 4")
         string(SUBSTRING "${rest}" ${begin} -1 rest)
         string(FIND "${rest}" "\n" begin)
@@ -75,6 +91,7 @@ function(check_page page)
         math(EXPR end "${end} + 3")
         string(SUBSTRING "${rest}" ${end} -1 rest)
     endwhile()
+    check_indented(${page} "${rest}\n")
 endfunction()
 
 string(REPLACE "|" ";" folders "${FOLDERS}")
