@@ -1,7 +1,7 @@
 // Loaded at run time by the tests, and built with hidden symbols: it shares with them only what the
 // library exports.
 
-#include "edge/exceptions.h"
+#include "shared_library/exceptions.h"
 
 using namespace zo::Tessera;
 

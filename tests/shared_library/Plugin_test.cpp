@@ -7,7 +7,7 @@
 #include <memory>
 #include <stdexcept>
 
-#include "edge/exceptions.h"
+#include "shared_library/exceptions.h"
 #include "support/EventLog.h"
 
 using namespace zo::Tessera;
@@ -18,7 +18,7 @@ using Library = std::unique_ptr<void, int (*)(void*)>;
 
 class Plugin : public testing::Test {
 protected:
-    Plugin() : m_library(dlopen(EDGE_PLUGIN, RTLD_NOW | RTLD_LOCAL), &dlclose) {
+    Plugin() : m_library(dlopen(TESSERA_TEST_PLUGIN, RTLD_NOW | RTLD_LOCAL), &dlclose) {
         void* const function = m_library ? dlsym(m_library.get(), "edgePlugin") : nullptr;
         if (function == nullptr) {
             throw std::runtime_error(dlerror());
